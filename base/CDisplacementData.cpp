@@ -1,0 +1,35 @@
+#include "CDisplacementData.h"
+
+#include <algorithm>
+
+namespace Tevra::Data {
+
+const wchar_t* StringifySurfaceType(ESurfaceType type) {
+    return type == eSubSurface ? L"Sub-surface" : L"Surface";
+}
+
+ESurfaceType GetSurfaceTypeFromCStr(const CString& text) {
+    return text == CString(L"Sub-surface") ? eSubSurface : eSurface;
+}
+
+void CDisplacementData::ResizeResults(int numStages) {
+    const size_t first = static_cast<size_t>(std::max(NumFirstPositions(), 0));
+    const size_t second = static_cast<size_t>(std::max(NumSecondPositions(), 0));
+    m_results.assign(static_cast<size_t>(std::max(numStages, 0)),
+                     StageResults(first, std::vector<GeoDispResult>(second)));
+}
+
+bool CDisplacementData::ResultsExist(int stage) const {
+    if (stage < 0)
+        return !m_results.empty();
+    return static_cast<size_t>(stage) < m_results.size() &&
+           !m_results[static_cast<size_t>(stage)].empty();
+}
+
+int CDisplacementData::NumResults(int stage) const {
+    if (stage < 0 || static_cast<size_t>(stage) >= m_results.size())
+        return 0;
+    return static_cast<int>(m_results[static_cast<size_t>(stage)].size());
+}
+
+} // namespace Tevra::Data

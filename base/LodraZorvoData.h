@@ -1,0 +1,84 @@
+#pragma once
+
+#include "BaseEntity.h"
+#include "CDisplacementGrid.h"
+#include "CDisplacementLine.h"
+#include "CDisplacementPoint.h"
+#include "CDisplacementPolyline.h"
+#include "CNumberedList.h"
+#include "CPolylinePlus.h"
+
+namespace Tevra::Data {
+
+// Display settings of the document that the calculation reads.
+class CGraphicSettings {
+  public:
+    bool GetSmoothed() const { return m_smoothed; }
+    void SetSmoothed(bool on) { m_smoothed = on; }
+    bool operator==(const CGraphicSettings& o) const { return m_smoothed == o.m_smoothed; }
+
+  private:
+    bool m_smoothed = false;
+};
+
+// The base document: the displacement records (points, lines, polylines and grids) and
+// the project's polylines, each a numbered family.
+class LodraZorvoData : public BaseEntity {
+  public:
+    LodraZorvoData();
+    virtual ~LodraZorvoData() = default;
+    LodraZorvoData(const LodraZorvoData&) = default;
+    LodraZorvoData& operator=(const LodraZorvoData&) = default;
+
+    virtual void Empty();
+    virtual void DeleteResults();
+    // Whether any displacement record holds results; the stage is not looked at.
+    virtual bool ResultsExist(int stage) const;
+
+    // Record counts; with calcOnly, only those whose calculate flag is set.
+    int NumDisplacementPoints(bool calcOnly) const { return Count(m_points, calcOnly); }
+    int NumDisplacementLines(bool calcOnly) const { return Count(m_lines, calcOnly); }
+    int NumDisplacementPolylines(bool calcOnly) const { return Count(m_dispPolylines, calcOnly); }
+    int NumDisplacementGrids(bool calcOnly) const { return Count(m_grids, calcOnly); }
+    ZORVO_NUMBERED_ACCESS(DisplacementPoint, CDisplacementPoint, m_points)
+    ZORVO_NUMBERED_ACCESS(DisplacementLine, CDisplacementLine, m_lines)
+    ZORVO_NUMBERED_ACCESS(DisplacementPolyline, CDisplacementPolyline, m_dispPolylines)
+    ZORVO_NUMBERED_ACCESS(DisplacementGrid, CDisplacementGrid, m_grids)
+    ZORVO_NUMBERED_FAMILY(Polyline, Polylines, CPolylinePlus, m_polylines)
+
+    // Interval between sample locations of a line, and a displacement polyline's
+    // plan length and interval (metres).
+    double GetLineInterval(int line) const;
+    double GetDisplacementPolylineLength(int polyline) const;
+    double GetDisplacementPolylineInterval(int polyline) const;
+    double GetDisplacementLineLengthInPlan(int line) const;
+
+    const CGraphicSettings& GetGraphicSettings() const { return m_graphics; }
+    CGraphicSettings& AccessGraphicSettings() { return m_graphics; }
+
+    // Rotates a plane strain state (ex, ey, gxy with gxy the engineering shear) into
+    // axes turned by angle (radians). Only n = 2 is meaningful.
+    static void tun26_(int n, const double& angle, const double* in, double* out);
+
+  protected:
+    bool SameBase(const LodraZorvoData& o) const;
+
+  private:
+    template <class T> static int Count(const CNumberedList<T>& list, bool calcOnly) {
+        if (!calcOnly)
+            return list.Num();
+        int n = 0;
+        for (const T& r : list.Items())
+            n += r.GetCalculate() ? 1 : 0;
+        return n;
+    }
+
+    CNumberedList<CDisplacementPoint> m_points;
+    CNumberedList<CDisplacementLine> m_lines;
+    CNumberedList<CDisplacementPolyline> m_dispPolylines;
+    CNumberedList<CDisplacementGrid> m_grids;
+    CNumberedList<CPolylinePlus> m_polylines;
+    CGraphicSettings m_graphics;
+};
+
+} // namespace Tevra::Data

@@ -1,0 +1,260 @@
+#include "ZorvoData.h"
+
+#include "base/CResourceStrings.h"
+
+#include <algorithm>
+
+namespace Tevra::Data {
+
+namespace {
+// The base model's name, and the first of the family titles in the string table.
+constexpr int kBaseModelNameID = 3886;
+constexpr int kFirstTitleID = 49616;
+} // namespace
+
+ZorvoData::ZorvoData() { m_stageProperties.SetPrototype(CStageProperty()); }
+
+void ZorvoData::Empty() { *this = ZorvoData(); }
+
+void ZorvoData::DeleteResults() { LodraZorvoData::DeleteResults(); }
+
+bool ZorvoData::ResultsExist(int) const { return LodraZorvoData::ResultsExist(-1); }
+
+int ZorvoData::NumRecord(int module) const {
+    switch (module) {
+    case eModulePolylines:
+        return NumPolylines();
+    case eModuleDisplacementPoints:
+        return NumDisplacementPoints(false);
+    case eModuleDisplacementLines:
+        return NumDisplacementLines(false);
+    case eModuleDisplacementPolylines:
+        return NumDisplacementPolylines(false);
+    case eModuleDisplacementGrids:
+        return NumDisplacementGrids(false);
+    case eModuleTunnels:
+        return NumTunnels();
+    case eModuleStages:
+        return m_stages.Num();
+    case eModuleStageProperties:
+        return NumStageProperties();
+    default:
+        return 0;
+    }
+}
+
+int ZorvoData::TitleID(EModuleID module) {
+    if (module < eModuleGeneral || module > eModuleGraphicalInput)
+        return 0;
+    return kFirstTitleID + (module - eModuleGeneral);
+}
+
+void ZorvoData::ResizeResultsAndSetupTransects() {
+    const int stages = NumStages(true, false);
+    for (int i = 1; i <= NumDisplacementPoints(false); ++i)
+        if (GetDisplacementPoint(i).GetCalculate())
+            AccessDisplacementPoint(i).ResizeResults(stages);
+    for (int i = 1; i <= NumDisplacementLines(false); ++i)
+        if (GetDisplacementLine(i).GetCalculate())
+            AccessDisplacementLine(i).ResizeResults(stages);
+    for (int i = 1; i <= NumDisplacementPolylines(false); ++i)
+        if (GetDisplacementPolyline(i).GetCalculate())
+            AccessDisplacementPolyline(i).ResizeResults(stages);
+    for (int i = 1; i <= NumDisplacementGrids(false); ++i)
+        if (GetDisplacementGrid(i).GetCalculate())
+            AccessDisplacementGrid(i).ResizeResults(stages);
+}
+
+bool ZorvoData::IsPointInAnyExcavation(const Vec3<double>&, int) const {
+    return false; // the project holds no excavation families yet
+}
+
+// ---- Stages ----------------------------------------------------------------
+
+int ZorvoData::NumActualStages(bool withBase, bool enabledOnly) const {
+    int n = 0;
+    if (enabledOnly) {
+        for (const CStage& s : m_stages.Items())
+            n += s.GetEnabled() ? 1 : 0;
+    } else {
+        n = m_stages.Num();
+    }
+    return n + (withBase ? 1 : 0);
+}
+
+int ZorvoData::NumStages(bool withBase, bool enabledOnly) const {
+    const int count = NumActualStages(withBase, enabledOnly);
+    return IsSmoothingOn() ? 2 * count : count;
+}
+
+int ZorvoData::GetBaseStageIndex() const {
+    return (GetGraphicSettings().GetSmoothed() && IsSmoothingOn()) ? m_stages.Num() + 1 : 0;
+}
+
+bool ZorvoData::IsBaseStage(int index) const {
+    return index == 0 || index == m_stages.Num() + 1;
+}
+
+bool ZorvoData::StageExists(int index) const {
+    const int n = m_stages.Num();
+    return index >= 1 && index <= (IsSmoothingOn() ? 2 * n : n);
+}
+
+const CStage& ZorvoData::GetStage(int index, bool shift) const {
+    const int n = m_stages.Num();
+    if (index <= n)
+        return m_stages.Get(index);
+    return m_stages.Items()[static_cast<size_t>(index - n - 2 + (shift ? 1 : 0))];
+}
+
+int ZorvoData::StageElement(int index) const {
+    const int n = m_stages.Num();
+    return index > n ? index - n - 2 : index - 1;
+}
+
+int ZorvoData::GetStageIndexFromEnabledStageIndex(int e) const {
+    const int n = m_stages.Num();
+    if (e == 0 || e == n + 1 || n < 2)
+        return 0;
+    int enabled = 0;
+    for (int i = 1; i < n; ++i) {
+        if (m_stages.Get(i).GetEnabled())
+            ++enabled;
+        if (enabled == e)
+            return i;
+    }
+    return 0;
+}
+
+CString ZorvoData::GetStageName(int index) const {
+    const int n = m_stages.Num();
+    if (IsBaseStage(index))
+        return CResourceStrings::Load(kBaseModelNameID);
+    if (index < 1 || index > NumStages(true, false) - 1)
+        return CString();
+    const int number = index > n ? index - n - 1 : index;
+    CString name = m_stages.Get(number).Name();
+    if (index > n)
+        name += L"(Smoothed)";
+    return name;
+}
+
+void ZorvoData::GetStageDescription(CString& out, int index, bool prefix, bool number) const {
+    const int n = m_stages.Num();
+    const CString name = GetStageName(index);
+    if (IsBaseStage(index)) {
+        out = prefix ? CString(L"Stage: ") + name : name;
+        return;
+    }
+    const int m = index > n ? index - (n + 1) : index;
+    if (!prefix && !number)
+        out = name;
+    else if (!prefix)
+        out.Format(L"%i: %s", m, name.GetString());
+    else if (!number)
+        out.Format(L"Stage: %s", name.GetString());
+    else
+        out.Format(L"Stage %i: %s", m, name.GetString());
+}
+
+void ZorvoData::GetStagesDescriptions(bool fullRange, std::vector<CString>& descriptions,
+                                      bool prefix, bool number, bool addAll) const {
+    descriptions.clear();
+    const int n = m_stages.Num();
+    int first = 0, last = n;
+    if (fullRange) {
+        last = NumStages(true, false) - 1;
+    } else if (GetGraphicSettings().GetSmoothed() && IsSmoothingOn()) {
+        first = n + 1;
+        last = 2 * n + 1;
+    }
+    for (int i = first; i <= last; ++i) {
+        CString text;
+        GetStageDescription(text, i, prefix, number);
+        descriptions.push_back(text);
+    }
+    if (addAll)
+        descriptions.emplace_back(L"All");
+}
+
+int ZorvoData::MaxStageNameLength() const {
+    int longest = 0;
+    for (const CStage& s : m_stages.Items())
+        longest = std::max(longest, s.Name().GetLength());
+    return longest + 10;
+}
+
+bool ZorvoData::IsTunnelInStage(int tunnel, int index) const {
+    if (IsBaseStage(index))
+        return true;
+    return m_stages.Items()[static_cast<size_t>(StageElement(index))].GetTunnels().IsIncluded(
+        tunnel, 0);
+}
+
+double ZorvoData::GetTunnelDiameterInStage(int tunnel, int index) const {
+    double d = IsTunnelInStage(tunnel, index) ? GetTunnel(tunnel).GetDiameter() : 0.0;
+    // The index is compared as it stands: smoothed indices above n + 1 meet no property.
+    for (const CStageProperty& p : m_stageProperties.Items())
+        if (p.GetStage() == index && p.GetElementType() == eElementTunnel &&
+            p.GetRefs().IsIncluded(tunnel, 0) && p.NumValues() > 0)
+            d = p.GetValues().front();
+    return d;
+}
+
+// ---- Tunnel geometry -------------------------------------------------------
+
+Vec2<double> ZorvoData::LocalXYReTunnelFromGlobalXY(const Vec2<double>& global,
+                                                    const GeoTunnel& t) {
+    const double X1 = t.GetXCentreLine1(), Y1 = t.GetYCentreLine1();
+    const double L = t.GetPlanLength();
+    const double cx = (t.GetXCentreLine2() - X1) / L;
+    const double cy = (t.GetYCentreLine2() - Y1) / L;
+    return {(global.y - Y1) * cy + (global.x - X1) * cx, (global.y - Y1) * cx - (global.x - X1) * cy};
+}
+
+ZorvoData::SLevels ZorvoData::LevelsForTunnel(const GeoTunnel& t, double L, double D,
+                                              const Vec2<double>& local, double z) {
+    const double xl = local.x;
+    double axis, interface, ground;
+    if (xl < 0.0) { // before the first end: the first end's levels
+        axis = t.GetZCentreLine1();
+        interface = t.GetSoilInterfaceLevel1();
+        ground = t.GetGroundLevel1();
+    } else if (xl > L) { // past the second end
+        axis = t.GetZCentreLine2();
+        interface = t.GetSoilInterfaceLevel2();
+        ground = t.GetGroundLevel2();
+    } else {
+        axis = (t.GetZCentreLine2() - t.GetZCentreLine1()) * xl / L + t.GetZCentreLine1();
+        interface = (t.GetSoilInterfaceLevel2() - t.GetSoilInterfaceLevel1()) * xl / L +
+                    t.GetSoilInterfaceLevel1();
+        ground = (t.GetGroundLevel2() - t.GetGroundLevel1()) * xl / L + t.GetGroundLevel1();
+    }
+    if (t.GetNumLayers() == 1) // one soil: the interface is at the point itself
+        interface = z;
+    SLevels lv;
+    lv.groundLevel = ground;
+    lv.axisLevel = axis;
+    lv.pointAboveAxis = z - axis;
+    lv.pointAboveAxisPlusRadius = 0.5 * D + lv.pointAboveAxis;
+    lv.interfaceAboveAxis = interface - axis;
+    lv.groundAboveAxis = ground - axis;
+    lv.interfaceLevel = interface;
+    return lv;
+}
+
+ZorvoData::SLevels ZorvoData::GetLevelsForTunnelCalcs(int tunnel, int index,
+                                                      const Vec2<double>& local,
+                                                      const double& z) const {
+    const GeoTunnel& t = GetTunnel(tunnel);
+    return LevelsForTunnel(t, t.GetPlanLength(), GetTunnelDiameterInStage(tunnel, index), local,
+                           z);
+}
+
+bool ZorvoData::operator==(const ZorvoData& o) const {
+    return SameBase(o) && m_general == o.m_general && m_stages == o.m_stages &&
+           m_stageProperties == o.m_stageProperties && m_tunnels == o.m_tunnels &&
+           m_tunnels.Prototype() == o.m_tunnels.Prototype() && m_cornerOptions == o.m_cornerOptions;
+}
+
+} // namespace Tevra::Data

@@ -1,0 +1,119 @@
+#pragma once
+
+#include "base/CNumberedList.h"
+#include "base/LodraZorvoData.h"
+#include "base/Vec2.h"
+#include "document/CReEntrantCornerOptions.h"
+#include "document/CStage.h"
+#include "document/CStageProperty.h"
+#include "document/EModuleID.h"
+#include "document/GeoZorvoGeneral.h"
+#include "sources/GeoTunnel.h"
+
+#include <vector>
+
+namespace Tevra::Data {
+
+// One project: every input record, every result, and the operations that keep them
+// consistent. Records are numbered from 1 and refer to each other by number.
+//
+// Calculation stage index: with n stages, 0 is the base model and 1 to n the stages;
+// with re-entrant corner smoothing on, n + 1 is the base model again and n + 2 to
+// 2n + 1 the stages repeated with smoothing.
+class ZorvoData : public LodraZorvoData {
+  public:
+    // Levels of a tunnel at a point (metres), from GetLevelsForTunnelCalcs.
+    struct SLevels {
+        double groundLevel;         // ground level at the point
+        double axisLevel;           // tunnel axis level at the point
+        double pointAboveAxis;      // point level less the axis level, h
+        double pointAboveAxisPlusRadius; // h + D / 2
+        double interfaceAboveAxis;  // soil interface less the axis level, hI
+        double groundAboveAxis;     // ground less the axis level, z0
+        double interfaceLevel;      // soil interface level at the point
+    };
+
+    ZorvoData();
+
+    void Empty() override;
+    void DeleteResults() override;
+    bool ResultsExist(int stage) const override;
+    // Size of a record family; 0 for families that hold no records.
+    int NumRecord(int module) const;
+    // Resource number of a family's title; 0 for a value that is no family.
+    static int TitleID(EModuleID module);
+
+    // Sizes every result store before a run.
+    void ResizeResultsAndSetupTransects();
+    // True when a point lies within an excavation that exists in the stage.
+    bool IsPointInAnyExcavation(const Vec3<double>& point, int stage) const;
+
+    // General options.
+    const GeoZorvoGeneral& GetGeneral() const { return m_general; }
+    GeoZorvoGeneral& AccessGeneral() { return m_general; }
+    void SetGeneral(const GeoZorvoGeneral& g) { m_general = g; }
+    const CReEntrantCornerOptions& GetReEntrantCornerOptions() const { return m_cornerOptions; }
+    void SetReEntrantCornerOptions(const CReEntrantCornerOptions& o) { m_cornerOptions = o; }
+    bool IsSmoothingOn() const { return m_cornerOptions.GetReEntrantCornerSmoothing(); }
+
+    // Tunnels.
+    ZORVO_NUMBERED_FAMILY(Tunnel, Tunnels, GeoTunnel, m_tunnels)
+    const GeoTunnel& GetDefaultTunnel() const { return m_tunnels.Prototype(); }
+    void SetDefaultTunnel(const GeoTunnel& t) { m_tunnels.SetPrototype(t); }
+
+    // Stages and stage properties.
+    ZORVO_NUMBERED_FAMILY(StageProperty, StageProperties, CStageProperty, m_stageProperties)
+    // n, plus one with the base; counting only enabled stages with enabledOnly.
+    int NumActualStages(bool withBase, bool enabledOnly) const;
+    // NumActualStages, doubled with smoothing on: the number of calculation stages
+    // is NumStages(true, false).
+    int NumStages(bool withBase, bool enabledOnly) const;
+    int GetBaseStageIndex() const;
+    bool IsBaseStage(int index) const;
+    bool StageExists(int index) const;
+    // The stage of a calculation index that is not a base index; for an index above n,
+    // element index - n - 2, moved on by one with shift.
+    const CStage& GetStage(int index, bool shift = false) const;
+    void SetStage(int n, const CStage& s) { m_stages.Set(n, s); }
+    void InsertStage(int n, int count) { m_stages.Insert(n, count); }
+    void InsertStage(int n, const CStage& s) { m_stages.Insert(n, s); }
+    void DeleteStage(int first, int last) { m_stages.Delete(first, last); }
+    int GetStageIndexFromEnabledStageIndex(int enabledIndex) const;
+    CString GetStageName(int index) const;
+    void GetStageDescription(CString& out, int index, bool prefix, bool number) const;
+    void GetStagesDescriptions(bool fullRange, std::vector<CString>& descriptions, bool prefix,
+                               bool number, bool addAll) const;
+    int MaxStageNameLength() const;
+    bool IsTunnelInStage(int tunnel, int index) const;
+
+    // Diameter of a tunnel in a calculation stage (metres): its own in the base model
+    // and in the stages that list it, 0 in the others, and the first value of the last
+    // stage property of that index that names it.
+    double GetTunnelDiameterInStage(int tunnel, int index) const;
+
+    // Levels of tunnel t (1-based) at a point given in the tunnel's local axes.
+    SLevels GetLevelsForTunnelCalcs(int tunnel, int index, const Vec2<double>& local,
+                                    const double& z) const;
+    // The same with the plan length and stage diameter already known (metres).
+    static SLevels LevelsForTunnel(const GeoTunnel& tunnel, double planLength, double diameter,
+                                   const Vec2<double>& local, double z);
+    // A plan point in the tunnel's axes: x' along the centre line from its first end,
+    // y' to the left of it (metres).
+    static Vec2<double> LocalXYReTunnelFromGlobalXY(const Vec2<double>& global,
+                                                    const GeoTunnel& tunnel);
+
+    bool operator==(const ZorvoData& o) const;
+    bool operator!=(const ZorvoData& o) const { return !(*this == o); }
+
+  private:
+    // Element of the stage list that a non-base calculation index maps to.
+    int StageElement(int index) const;
+
+    GeoZorvoGeneral m_general;
+    CNumberedList<CStage> m_stages;
+    CNumberedList<CStageProperty> m_stageProperties;
+    CNumberedList<GeoTunnel> m_tunnels;
+    CReEntrantCornerOptions m_cornerOptions;
+};
+
+} // namespace Tevra::Data

@@ -1,0 +1,382 @@
+#include "ZorvoCal.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace Tevra {
+
+using Data::GeoTunnel;
+using Data::ZorvoData;
+
+namespace {
+
+// Reach of a trough, in trough widths, beyond which a tunnel adds nothing. A plain
+// number of widths, not scaled to anything else.
+constexpr double kReachInTroughWidths = 100.0;
+// Smallest diameter (metres) and volume loss (percent) that make a tunnel count.
+constexpr double kMinDiameter = 0.001;
+constexpr double kMinPercentLoss = 1e-6;
+// Terms of the error function series in the New and Bowers method.
+constexpr int kErfTerms = 30;
+
+} // namespace
+
+int ZorvoCal::tun21_(const ZorvoData& doc, int stage, const double& x, const double& y,
+                     const double& z, Data::ESurfaceType surface, double* zDisp, double* xyDisp,
+                     double* principal) {
+    const double pi = 2.0 * std::asin(1.0);
+    const double sqrtTwoPi = std::sqrt(2.0 * pi);
+
+    double disp[3] = {0.0, 0.0, 0.0};
+    double strain[3] = {0.0, 0.0, 0.0};
+    double volumeTerm = 0.0;
+    if (doc.GetGeneral().GetProblemType() == Data::eGroundMovement)
+        Tunnels(doc, stage, x, y, disp, strain, &volumeTerm, z, surface, pi, sqrtTwoPi);
+    // A mine analysis sums its panels instead; a project without panels moves nothing.
+
+    Excavations(doc, stage, Vec3<double>(x, y, z), disp, strain);
+
+    double out[6];
+    tun27_(2, strain, out);
+    zDisp[0] = disp[2];
+    xyDisp[0] = disp[0];
+    xyDisp[1] = disp[1];
+    principal[0] = out[0];
+    principal[1] = out[1];
+    principal[2] = out[2];
+    return 0;
+}
+
+int ZorvoCal::tun28_(const ZorvoData& doc, int stage, const double& x, const double& y,
+                     const double& z, Data::ESurfaceType surface, const double& dirX,
+                     const double& dirY, double* out) {
+    const double pi = 2.0 * std::asin(1.0);
+    const double sqrtTwoPi = std::sqrt(2.0 * pi);
+
+    // Direction of the horizontal component; the solver passes (0, 0), which is pi/2.
+    const double a = (1e-6 > std::fabs(dirX)) ? pi / 2.0 : std::atan(dirY / dirX);
+
+    double disp[3] = {0.0, 0.0, 0.0};
+    double strain[3] = {0.0, 0.0, 0.0};
+    double volumeTerm = 0.0;
+    if (doc.GetGeneral().GetProblemType() == Data::eGroundMovement)
+        Tunnels(doc, stage, x, y, disp, strain, &volumeTerm, z, surface, pi, sqrtTwoPi);
+
+    Excavations(doc, stage, Vec3<double>(x, y, z), disp, strain);
+
+    out[0] = disp[0];
+    out[1] = disp[1];
+    out[2] = disp[2];
+    out[3] = disp[1] * std::sin(a) + std::cos(a) * disp[0];
+    return 0;
+}
+
+void ZorvoCal::Excavations(const ZorvoData& doc, int stage, const Vec3<double>& point, double*,
+                           double*) {
+    if (doc.IsPointInAnyExcavation(point, stage))
+        return;
+    // Polygonal, then circular excavations of the stage add their wall movements here.
+}
+
+int ZorvoCal::Tunnels(const ZorvoData& doc, int stage, const double& x, const double& y,
+                      double* disp, double* strain, double* volumeTerm, const double& z,
+                      Data::ESurfaceType surface, const double& pi, const double& sqrtTwoPi) {
+    const int numTunnels = doc.NumTunnels();
+    const bool baseStage = doc.IsBaseStage(stage);
+    const double sqrt2 = std::sqrt(2.0);
+
+    for (int t = 1; t <= numTunnels; ++t) {
+        const GeoTunnel& tun = doc.GetTunnel(t);
+
+        // Only tunnels that exist in this stage (all of them in the base model).
+        if (!baseStage && !doc.IsTunnelInStage(t, stage))
+            continue;
+
+        // Diameter of the stage, after stage properties; too small a tunnel, or too
+        // small a volume loss, moves nothing.
+        const double D = doc.GetTunnelDiameterInStage(t, stage);
+        if (kMinDiameter > D)
+            continue;
+        const double loss = tun.GetPercentLoss();
+        if (kMinPercentLoss > std::fabs(loss))
+            continue;
+
+        // The point in the tunnel's axes: x' along the centre line, y' across it.
+        const double X1 = tun.GetXCentreLine1(), Y1 = tun.GetYCentreLine1();
+        const double L = tun.GetPlanLength();
+        const double cx = (tun.GetXCentreLine2() - X1) / L;
+        const double cy = (tun.GetYCentreLine2() - Y1) / L;
+        const double xl = (y - Y1) * cy + (x - X1) * cx;
+        const double yl = (y - Y1) * cx - (x - X1) * cy;
+
+        const ZorvoData::SLevels levels = ZorvoData::LevelsForTunnel(tun, L, D, {xl, yl}, z);
+
+        // Harris and Alvarado needs the point above the axis, Mair et al. above the
+        // invert; both tests stand for surface points too.
+        const GeoTunnel::ESubSurfaceMethod method = tun.GetSubSurfaceMethod();
+        if (method == GeoTunnel::eHarrisAndAlvarado && 0.0 >= levels.pointAboveAxis)
+            continue;
+        if (method == GeoTunnel::eMair && 0.0 >= levels.pointAboveAxisPlusRadius)
+            continue;
+
+        // Axis, interface and ground levels along the line, held at the ends' values
+        // beyond them (the interface is the point's level in one soil).
+        const double A = levels.axisLevel;
+        const double I = levels.interfaceLevel;
+        const double G = levels.groundLevel;
+
+        const double h = z - A; // height of the point above the axis
+        const double r = 0.5 * D + h;
+        if (method == GeoTunnel::eHarrisAndAlvarado && 0.0 >= h)
+            continue;
+        if (method == GeoTunnel::eMair && 0.0 >= levels.pointAboveAxisPlusRadius && 0.0 >= r)
+            continue;
+
+        const double hI = I - A;
+        const double z0 = G - A;
+        const double k = tun.Getk(surface);
+        const double m = tun.Getm();
+
+        double i = 0.0;
+        Get_i(tun.GetkDerivation(Data::eSurface), tun.GetkDerivation(Data::eSubSurface), method,
+              tun.GetSoilType(), surface, k, m, D, h, hI, z0, i);
+
+        // Beyond the trough's reach past either end or to either side: nothing.
+        if (xl < -kReachInTroughWidths * i || xl > L + kReachInTroughWidths * i ||
+            std::fabs(yl) > kReachInTroughWidths * i)
+            continue;
+
+        // Gaussian trough: excavated area, peak settlement (mm) and its slope term.
+        const double A0 = (pi * 0.25) * D * D;
+        const double Smax = A0 * 10.0 * loss / (i * sqrtTwoPi);
+        const double B = Smax / (h * sqrtTwoPi);
+
+        // Longitudinal (cumulative) and transverse (Gaussian) factors.
+        double u1 = xl / i;
+        double u2 = (xl - L) / i;
+        double F1, F2;
+        tun25_(u1, F1, kReachInTroughWidths);
+        tun25_(u2, F2, kReachInTroughWidths);
+        const double Ey = std::exp(-0.5 * (yl / i) * (yl / i));
+        double E1 = std::exp(-0.5 * u1 * u1);
+        double E2 = std::exp(-0.5 * u2 * u2);
+
+        double Sz = 0.0, Sx = 0.0, Sy = 0.0;
+        if (surface == Data::eSubSurface && method == GeoTunnel::eNewAndBowers) {
+            // New and Bowers (1994): the heading as a line of sinks, with error
+            // functions along and across the tunnel.
+            const double V = A0 * loss * 0.01;
+            double kk = tun.Getk(Data::eSubSurface);
+            if (tun.GetkDerivation(Data::eSubSurface) == GeoTunnel::ekUserSpecified)
+                i = r * kk;
+            else
+                kk = i / r;
+            // B and Ey keep the width Get_i gave, also when i has just been reset.
+            const double w = sqrt2 * i;
+            u1 = xl / w;
+            u2 = (xl - L) / w;
+            tun25a_(u1, F1, kErfTerms);
+            tun25a_(u2, F2, kErfTerms);
+            const double a = (2.0 * yl - D) / (sqrt2 * (2.0 * i));
+            const double b = (2.0 * yl + D) / (sqrt2 * (2.0 * i));
+            double Ea, Eb;
+            tun25a_(a, Ea, kErfTerms);
+            tun25a_(b, Eb, kErfTerms);
+            const double U = Ea - Eb;
+            const double W = F1 - F2;
+            Sz = V / (4.0 * D) * (-1000.0) * W * U;
+            const double T = 2.0 * i * i;
+            E1 = std::exp(-(xl * xl) / T);
+            E2 = std::exp(-((xl - L) * (xl - L)) / T);
+            const double C = kk * V / (2.0 * D * sqrtTwoPi);
+            Sx = (E1 - E2) * (C * (-1000.0)) * U;
+            const double T8 = 8.0 * i * i;
+            Sy = (std::exp(-((2.0 * yl + D) * (2.0 * yl + D)) / T8) -
+                  std::exp(-((2.0 * yl - D) * (2.0 * yl - D)) / T8)) *
+                 (C * 1000.0 * W);
+        } else {
+            // Surface trough: settlement, and horizontal movement towards the axis.
+            if (0.0 >= h) {
+                Sz = Sx = Sy = 0.0;
+            } else {
+                Sz = (F1 - F2) * (Ey * Smax);
+                Sx = (i * B * Ey) * (E1 - E2);
+                Sy = -Sz * yl / h;
+            }
+            if (surface == Data::eSubSurface && method == GeoTunnel::eMair) {
+                // Mair et al. (1993): transverse movement with the sub-surface width,
+                // longitudinal movement scaled with depth d below ground.
+                const double d = G - z;
+                Sy = yl * (-0.325) * Sz / i;
+                Sx = (z0 - d) * Sx / (z0 / 0.65 - d);
+            } else if (surface == Data::eSubSurface && method == GeoTunnel::eHarrisAndAlvarado) {
+                // Harris and Alvarado: movements scaled by m over the radial distance.
+                const double T = 2.0 * i * i;
+                E1 = std::exp(-(xl * xl) / T);
+                E2 = std::exp(-((xl - L) * (xl - L)) / T);
+                const double Ey2 = std::exp(yl * yl / (-2.0 * i * i));
+                Sz = Ey2 * Smax * (F1 - F2);
+                Sy = -m * Smax * (yl / r) * Ey2 * (F1 - F2);
+                Sx = std::exp(-(yl * yl) / T) * ((m * 1000.0 * A0 * loss) / (pi * 200.0 * r)) *
+                     (E1 - E2);
+            }
+        }
+
+        // Strains in the tunnel's axes; with h <= 0 these are what the division gives.
+        const double P = E1 * u1 - E2 * u2;
+        const double Q = (yl / i) * (yl / i) - 1.0;
+        double e[3];
+        e[0] = -B * Ey * P;
+        e[1] = Q * Sz / h;
+        e[2] = ((E1 - E2) * (B * Ey) + Sx / i) * (-yl) / i;
+
+        // Back to global axes.
+        disp[0] += cx * Sx - cy * Sy;
+        disp[1] += cx * Sy + cy * Sx;
+        disp[2] += Sz;
+        *volumeTerm += (P - Q * sqrtTwoPi * (F1 - F2)) * (Ey * B);
+
+        const double theta =
+            -std::atan2(tun.GetYCentreLine2() - Y1, tun.GetXCentreLine2() - X1);
+        double rotated[3];
+        ZorvoData::tun26_(2, theta, e, rotated);
+        for (int j = 0; j < 3; ++j)
+            strain[j] += 0.1 * rotated[j];
+    }
+    return 0;
+}
+
+int ZorvoCal::Get_i(GeoTunnel::EkDerivation surface, GeoTunnel::EkDerivation subSurface,
+                    GeoTunnel::ESubSurfaceMethod method, GeoTunnel::ESoilType soil,
+                    Data::ESurfaceType surfaceType, const double& k, const double& m,
+                    const double& D, const double& height, const double& interfaceHeight,
+                    const double& z0, double& i) {
+    const double h = height;
+    const double hI = interfaceHeight;
+    const bool cohesive = soil == GeoTunnel::eCohesive;
+
+    if (surfaceType == Data::eSubSurface) {
+        switch (method) {
+        case GeoTunnel::eMair: // Mair et al. (1993) sub-surface width
+            i = h * 0.325 + z0 * 0.175;
+            break;
+        case GeoTunnel::eNewAndBowers: // the surface rule with the sub-surface derivation
+            Get_i(subSurface, subSurface, method, soil, Data::eSurface, k, m, D, h, hI, z0, i);
+            break;
+        case GeoTunnel::eHarrisAndAlvarado: {
+            const double first = std::pow((0.5 * D + h) / (0.5 * D + z0), m);
+            const double second = std::pow(1.0 - (C_30 - z0) / C_30, 0.8);
+            i = (second * 12.5) * first;
+            break;
+        }
+        }
+        return 0;
+    }
+
+    switch (surface) {
+    case GeoTunnel::ekOReillyAndNew: // O'Reilly and New (1982)
+        i = cohesive ? 0.43 * h + 1.1 : 0.28 * h - 0.12;
+        break;
+    case GeoTunnel::ekBoscardin:
+        i = cohesive ? 0.5 * h : 0.25 * h;
+        break;
+    case GeoTunnel::ekUserSpecified:
+        i = k * h;
+        break;
+    case GeoTunnel::ekSelby: // layered ground; -0.1 here and -0.12 above are both meant
+        if (cohesive)
+            i = std::min(hI, h) * 0.43 + std::max(h - hI, 0.0) * 0.28 + 1.1;
+        else
+            i = std::max(h - hI, 0.0) * 0.43 + std::min(hI, h) * 0.28 - 0.1;
+        break;
+    default:
+        break;
+    }
+    return 0;
+}
+
+int ZorvoCal::tun25_(const double& a, double& result, const double& limit) {
+    result = 0.0;
+    const double b = std::fabs(a);
+    double Q = 0.0;
+    if (limit > b) {
+        const double c = 0.5 * b * b;
+        const double d = 2.93 * c * c;
+        const double e = std::exp(c);
+        const double p = 1.0 / (1.604 * b + 1.0 + 3.91 * c + 4.45 * c * b + d + 0.73 * d * b);
+        Q = (p + 0.7978845 * b / (2.0 * c + 1.0)) / (2.0 * e);
+        result = Q;
+    }
+    if (a > 0.0)
+        result = 1.0 - Q;
+    return 0;
+}
+
+int ZorvoCal::tun25a_(const double& a, double& result, int terms) {
+    const double b = std::fabs(a);
+    const double sign = a < 0.0 ? -1.0 : 1.0;
+    if (3.0 <= b) {
+        result = sign;
+        return 0;
+    }
+    const double pi = 2.0 * std::asin(1.0);
+    double sum = 0.0;
+    for (int n = 1; n <= terms; ++n)
+        sum += pow_ri(-1.0, n - 1) * pow_ri(b, 2 * n - 1) / (dfact_(n - 1) * (2 * n - 1));
+    result = sign * (sum * (2.0 / std::sqrt(pi)));
+    return 0;
+}
+
+double ZorvoCal::dfact_(int n) {
+    double f = 1.0;
+    for (int j = 2; j <= n; ++j)
+        f *= j;
+    return f;
+}
+
+double ZorvoCal::pow_ri(const double& x, int n) {
+    double result = 1.0;
+    if (n == 0)
+        return result;
+    double base = x;
+    unsigned int u = 0;
+    if (n < 0) {
+        u = 0u - static_cast<unsigned int>(n);
+        base = 1.0 / base;
+    } else {
+        u = static_cast<unsigned int>(n);
+    }
+    for (;;) {
+        if (u & 1u)
+            result *= base;
+        u >>= 1;
+        if (u == 0)
+            break;
+        base *= base;
+    }
+    return result;
+}
+
+int ZorvoCal::tun27_(int n, const double* s, double* out) {
+    const double pi = 2.0 * std::asin(1.0);
+    double c = (s[0] + s[1]) * 0.5;
+    if (std::fabs(c) < 1e-20)
+        c = 1e-20;
+    const double d = s[0] - c;
+    const double g = s[2] / n;
+    const double R = std::sqrt(d * d + g * g);
+    out[2] = pi / 2.0;
+    if (!(std::fabs(d) * 1e-10 >= R)) {
+        const double w = R + d;
+        if (!(1e-6 > std::fabs(w) / R) && std::fabs(w) > std::fabs(g) * 1e-10)
+            out[2] = std::atan(g / w);
+    }
+    out[0] = R + c;
+    out[1] = c - R;
+    out[3] = n * c;
+    out[4] = n * R;
+    out[5] = R / c;
+    return 0;
+}
+
+} // namespace Tevra

@@ -1,0 +1,296 @@
+#include "ZorvoSolver.h"
+
+#include "solver/ZorvoCal.h"
+
+#include <cmath>
+#include <cwchar>
+
+namespace Tevra {
+
+using namespace Data;
+
+namespace {
+
+// Magnitude at or below which a displacement (mm) or strain counts as none: 1e-10 as
+// single precision, held as a double. Exactly this value.
+constexpr double kResultThreshold = 1.00000001335e-10;
+constexpr double kMmToM = 0.001;
+
+} // namespace
+
+ZorvoSolver::ZorvoSolver(ZorvoData* document, CLodraZorvoPrefData* preferences,
+                         MessageHandler* handler, CancelTest cancel)
+    : m_doc(document), m_prefs(preferences), m_handler(handler), m_cancel(std::move(cancel)) {}
+
+ZorvoSolver::ZorvoSolver(const ZorvoSolver& o)
+    : m_doc(o.m_doc), m_prefs(o.m_prefs), m_handler(o.m_handler),
+      m_cancelled(o.m_cancelled.load()), m_cancel(o.m_cancel) {}
+
+ZorvoSolver& ZorvoSolver::operator=(const ZorvoSolver& o) {
+    m_doc = o.m_doc;
+    m_prefs = o.m_prefs;
+    m_handler = o.m_handler;
+    m_cancelled.store(o.m_cancelled.load());
+    m_cancel = o.m_cancel;
+    return *this;
+}
+
+void ZorvoSolver::SendMsg(const wchar_t* text, long long code) const {
+    if (m_handler)
+        m_handler->OnMessage(text, code);
+}
+
+void ZorvoSolver::SendStageMsg(long long code, int stage) const {
+    wchar_t buf[256];
+    std::swprintf(buf, 256, L"%i", stage);
+    SendMsg(buf, code);
+}
+
+bool ZorvoSolver::CheckCancel() {
+    if (!m_cancel) {
+        m_cancelled.store(false, std::memory_order_relaxed);
+        return false;
+    }
+    const bool stop = m_cancel();
+    m_cancelled.store(stop, std::memory_order_relaxed);
+    return stop;
+}
+
+bool ZorvoSolver::LoopCancelled() {
+    if (m_cancelled.load(std::memory_order_relaxed))
+        return true;
+    if (!m_cancel) {
+        m_cancelled.store(false, std::memory_order_relaxed);
+        return false;
+    }
+    const bool stop = m_cancel();
+    m_cancelled.store(stop, std::memory_order_relaxed);
+    return stop;
+}
+
+int ZorvoSolver::TickStep(int count) {
+    const int q = count / 10;
+    const int c = q < 10 ? 10 : (q > 100 ? 100 : q);
+    const int step = count / c;
+    return step < 2 ? 1 : step;
+}
+
+template <class Body>
+void ZorvoSolver::FamilyLoop(long long code, int stage, int count, bool zeroBased, Body body) {
+    if (count > 0)
+        SendStageMsg(code, stage);
+    const int step = TickStep(count);
+    const int first = zeroBased ? 0 : 1;
+    const int last = zeroBased ? count - 1 : count;
+    // A parallel loop must run out: a cancelled run lets its remaining iterations
+    // fall through empty.
+#pragma omp parallel for schedule(static)
+    for (int i = first; i <= last; ++i) {
+        if (LoopCancelled())
+            continue;
+        if (!body(i))
+            continue;
+        const int number = zeroBased ? i + 1 : i;
+        if (number % step == 0) {
+#pragma omp critical(ZorvoSolverTick)
+            SendMsg(nullptr, 0);
+        }
+    }
+}
+
+bool ZorvoSolver::Solve() {
+    if (!m_doc || !m_prefs)
+        return false;
+
+    m_doc->DeleteResults();
+    m_doc->ResizeResultsAndSetupTransects();
+    m_cancelled.store(false, std::memory_order_relaxed);
+
+    SendMsg(nullptr, 33);
+
+    const int S = m_doc->NumStages(true, false);
+
+    // Movements of every stage; specific buildings, generic utilities and rail tracks
+    // are assessed here stage by stage as their families join the project.
+    for (int s = 0; s < S; ++s) {
+        CalcGroundMovements_All(s);
+        if (m_cancelled.load(std::memory_order_relaxed))
+            break;
+    }
+    if (S < 1)
+        return true;
+    // Specific utilities and generic buildings are assessed in passes of their own
+    // after every stage has its movements.
+    return true;
+}
+
+void ZorvoSolver::CalcGroundMovements_All(int stage) {
+    CalcGroundMovements_DisplacementPoints(stage);
+    if (m_cancelled.load(std::memory_order_relaxed))
+        return;
+    CalcGroundMovements_DisplacementLines(stage);
+    if (m_cancelled.load(std::memory_order_relaxed))
+        return;
+    CalcGroundMovements_DisplacementPolylines(stage);
+    if (m_cancelled.load(std::memory_order_relaxed))
+        return;
+    CalcGroundMovements_DisplacementGrids(stage);
+}
+
+void ZorvoSolver::CalcGroundMovements_DisplacementPoints(int stage) {
+    ZorvoData& doc = *m_doc;
+    FamilyLoop(40, stage, doc.NumDisplacementPoints(false), false, [&](int i) {
+        const CDisplacementPoint& point = doc.GetDisplacementPoint(i);
+        if (!point.GetCalculate())
+            return false;
+        GeoDispResult result;
+        result.SetPoint(point.GetPoint());
+        result.SetName(point.Name());
+        result.SetPointType(ePoint);
+        result.SetPointGroup(i);
+        CalcPointResult(result, doc, stage, point.GetSurfaceType(), true);
+        doc.AccessDisplacementPoint(i).SetResult(stage, 0, 0, result);
+        return true;
+    });
+}
+
+void ZorvoSolver::CalcGroundMovements_DisplacementLines(int stage) {
+    ZorvoData& doc = *m_doc;
+    const int group0 = doc.NumDisplacementPoints(false);
+    FamilyLoop(41, stage, doc.NumDisplacementLines(false), false, [&](int i) {
+        CDisplacementLine& line = doc.AccessDisplacementLine(i);
+        if (!line.GetCalculate())
+            return false;
+        for (int k = 0; k <= line.GetIntervalsAlongLine(); ++k) {
+            if (LoopCancelled())
+                continue;
+            GeoDispResult result;
+            result.SetName(line.Name());
+            result.SetPointType(eLine);
+            result.SetPointGroup(group0 + i);
+            CalculateLinePointResult(result, line, k, stage);
+            line.SetResult(stage, k, 0, result);
+        }
+        return true;
+    });
+}
+
+void ZorvoSolver::CalcGroundMovements_DisplacementPolylines(int stage) {
+    ZorvoData& doc = *m_doc;
+    const int group0 = doc.NumDisplacementPoints(false) + doc.NumDisplacementLines(false);
+    FamilyLoop(42, stage, doc.NumDisplacementPolylines(false), false, [&](int i) {
+        CDisplacementPolyline& record = doc.AccessDisplacementPolyline(i);
+        if (!record.GetCalculate())
+            return false;
+        // A reference to a missing polyline is reported by the checks; here it only
+        // leaves the record's samples fresh.
+        if (!doc.PolylineExists(record.GetPolyline()))
+            return true;
+        const CPolylinePlus& polyline = doc.GetPolyline(record.GetPolyline());
+        const int J = record.GetIntervalsAlongLine();
+        const double spacing = polyline.Len(true) / J;
+        for (int k = 0; k <= J; ++k) {
+            if (LoopCancelled())
+                continue;
+            Vec3<double> p;
+            if (polyline.PointAt(k * spacing, p) < 0)
+                continue; // a polyline of fewer than two points has no locations
+            GeoDispResult result;
+            result.SetPoint(p);
+            result.SetName(record.Name());
+            result.SetPointType(ePolyline);
+            result.SetPointGroup(group0 + i);
+            CalcPointResult(result, doc, stage, record.GetSurfaceType(), true);
+            record.SetResult(stage, k, 0, result);
+        }
+        return true;
+    });
+}
+
+void ZorvoSolver::CalcGroundMovements_DisplacementGrids(int stage) {
+    ZorvoData& doc = *m_doc;
+    const int group0 = doc.NumDisplacementPoints(false) + doc.NumDisplacementLines(false) +
+                       doc.NumDisplacementPolylines(false);
+    FamilyLoop(43, stage, doc.NumDisplacementGrids(false), false, [&](int i) {
+        CDisplacementGrid& grid = doc.AccessDisplacementGrid(i);
+        if (!grid.GetCalculate())
+            return false;
+        const Vec3<double> P1 = grid.GetPoint1();
+        const Vec3<double> P2 = grid.GetPoint2();
+        const double E = grid.GetExtrusionDistance();
+        const int A = grid.GetIntervalsAlongLine();
+        const int B = grid.GetIntervalsAlongExtrusion();
+        const EExtrusionDirection direction = grid.GetExtrusionDirection();
+        for (int a = 0; a <= A; ++a) {
+            if (LoopCancelled())
+                continue;
+            for (int b = 0; b <= B; ++b) {
+                const double across = b * E / B;
+                Vec3<double> p;
+                if (direction == eExtrudeX)
+                    p = {P1.x + across, P1.y + (P2.y - P1.y) * a / A, P1.z + (P2.z - P1.z) * a / A};
+                else if (direction == eExtrudeY)
+                    p = {P1.x + (P2.x - P1.x) * a / A, P1.y + across, P1.z + (P2.z - P1.z) * a / A};
+                else
+                    p = {P1.x + (P2.x - P1.x) * a / A, P1.y + (P2.y - P1.y) * a / A, P1.z + across};
+                GeoDispResult result;
+                result.SetPoint(p);
+                result.SetName(grid.Name());
+                result.SetPointType(eGrid);
+                result.SetPointGroup(group0 + i);
+                CalcPointResult(result, doc, stage, grid.GetSurfaceType(), true);
+                grid.SetResult(stage, a, b, result);
+            }
+        }
+        return true;
+    });
+}
+
+void ZorvoSolver::CalcPointResult(GeoDispResult& result, const ZorvoData& doc, int stage,
+                                  ESurfaceType surface, bool) const {
+    const Vec3<double> p = result.GetPoint();
+    if (doc.IsPointInAnyExcavation(p, stage))
+        return;
+
+    double zDisp = 0.0;
+    double xyDisp[2] = {0.0, 0.0};
+    double principal[3] = {0.0, 0.0, 0.0};
+    ZorvoCal::tun21_(doc, stage, p.x, p.y, p.z, surface, &zDisp, xyDisp, principal);
+
+    if (std::fabs(xyDisp[0]) > kResultThreshold)
+        result.SetXdisplacement(xyDisp[0] * kMmToM);
+    if (std::fabs(xyDisp[1]) > kResultThreshold)
+        result.SetYdisplacement(xyDisp[1] * kMmToM);
+    if (std::fabs(zDisp) > kResultThreshold)
+        result.SetZdisplacement(zDisp * kMmToM);
+    if (std::fabs(principal[0]) > kResultThreshold)
+        result.SetMajorPrincipalStrain(principal[0]);
+    if (std::fabs(principal[1]) > kResultThreshold)
+        result.SetMinorPrincipalStrain(principal[1]);
+    if (std::fabs(principal[2]) > kResultThreshold)
+        result.SetPrincipalStrainAngle(principal[2]);
+}
+
+void ZorvoSolver::CalculateLinePointResult(GeoDispResult& result, const CDisplacementLine& line,
+                                           int k, int stage) const {
+    const Vec3<double>& P1 = line.GetPoint1();
+    const Vec3<double>& P2 = line.GetPoint2();
+    const int J = line.GetIntervalsAlongLine();
+    result.SetXpoint((P2.x - P1.x) * k / J + P1.x);
+    result.SetYpoint((P2.y - P1.y) * k / J + P1.y);
+    result.SetZpoint((P2.z - P1.z) * k / J + P1.z);
+
+    if (line.IsHorizontal()) {
+        CalcPointResult(result, *m_doc, stage, line.GetSurfaceType(), true);
+        return;
+    }
+    const Vec3<double> p = result.GetPoint();
+    const double zero = 0.0;
+    double out[4];
+    ZorvoCal::tun28_(*m_doc, stage, p.x, p.y, p.z, line.GetSurfaceType(), zero, zero, out);
+    result.SetXdisplacement(kMmToM * out[0]);
+    result.SetYdisplacement(kMmToM * out[1]);
+    result.SetZdisplacement(kMmToM * out[2]);
+}
+
+} // namespace Tevra

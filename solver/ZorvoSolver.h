@@ -1,0 +1,82 @@
+#pragma once
+
+#include "base/CLodraZorvoPrefData.h"
+#include "base/CString.h"
+#include "document/ZorvoData.h"
+#include "solver/MessageHandler.h"
+
+#include <atomic>
+#include <functional>
+
+namespace Tevra {
+
+// Runs one complete analysis of a project: every calculation stage, every family of
+// records, results written into the document. Made for one run on the host's stack;
+// the document, the preferences, the message handler and the cancel test are
+// borrowed.
+//
+// Messages sent to the handler (text is the stage index where noted, else null):
+//   0 progress tick; 5 imported displacements (stage); 33 stage passes start;
+//   35/36 ground movement curve preparation begins/ends; 37/38 triangulation
+//   begins/ends; 40 points, 41 lines, 42 polylines, 43 grids of the stage begin;
+//   44 to 53 the building, utility and rail families of the stage begin.
+class ZorvoSolver {
+  public:
+    using CancelTest = std::function<bool()>;
+
+    // Samples per building profile used by the building assessment.
+    static constexpr int NR_POINTS = 100;
+
+    ZorvoSolver(Data::ZorvoData* document, Data::CLodraZorvoPrefData* preferences,
+                MessageHandler* handler, CancelTest cancel);
+    ZorvoSolver(const ZorvoSolver& other);
+    ZorvoSolver& operator=(const ZorvoSolver& other);
+    ~ZorvoSolver() = default;
+
+    // False only for a null document or null preferences. True otherwise, also when
+    // the run was cancelled: the document then holds partial results.
+    bool Solve();
+
+    // Objects per progress tick in a family of count objects: about 10 to 100 ticks
+    // per family whatever its size.
+    static int TickStep(int count);
+
+    // Whether the last run was stopped by the cancel test.
+    bool WasCancelled() const { return m_cancelled.load(std::memory_order_relaxed); }
+
+  private:
+    void SendMsg(const wchar_t* text, long long code) const;
+    void SendStageMsg(long long code, int stage) const;
+    bool CheckCancel();
+    // The cancel test as every loop iteration runs it: true means skip the object.
+    bool LoopCancelled();
+
+    // The frame shared by the family loops: the family's message, a static-scheduled
+    // parallel loop over objects first to last, the cancel test per object, and a tick
+    // every step objects. body(i) answers false for an object it skipped unticked.
+    template <class Body>
+    void FamilyLoop(long long code, int stage, int count, bool zeroBased, Body body);
+
+    void CalcGroundMovements_All(int stage);
+    void CalcGroundMovements_DisplacementPoints(int stage);
+    void CalcGroundMovements_DisplacementLines(int stage);
+    void CalcGroundMovements_DisplacementPolylines(int stage);
+    void CalcGroundMovements_DisplacementGrids(int stage);
+
+    // Movement and principal strains at the sample's point, stored on it in metres
+    // above the threshold; a point inside an excavation of the stage stays untouched.
+    void CalcPointResult(Data::GeoDispResult& result, const Data::ZorvoData& doc, int stage,
+                         Data::ESurfaceType surface, bool) const;
+    // Location k of a line; a sloping line gets displacements and no strains.
+    void CalculateLinePointResult(Data::GeoDispResult& result, const Data::CDisplacementLine& line,
+                                  int k, int stage) const;
+
+    Data::ZorvoData* m_doc;
+    Data::CLodraZorvoPrefData* m_prefs;
+    MessageHandler* m_handler;
+    // Written by every loop thread; only its settling to true matters.
+    std::atomic<bool> m_cancelled{false};
+    CancelTest m_cancel;
+};
+
+} // namespace Tevra
