@@ -1,5 +1,8 @@
 #include "CDisplacementData.h"
 
+#include "CDataFile.h"
+#include "JsonNameID.h"
+
 #include <algorithm>
 
 namespace Tevra::Data {
@@ -30,6 +33,24 @@ int CDisplacementData::NumResults(int stage) const {
     if (stage < 0 || static_cast<size_t>(stage) >= m_results.size())
         return 0;
     return static_cast<int>(m_results[static_cast<size_t>(stage)].size());
+}
+
+namespace {
+const wchar_t* const kSurfaceTypeTexts[2] = {L"Surface", L"Sub-surface"};
+} // namespace
+
+void CDisplacementData::Write(FileIO::CDataFile& f) const {
+    f.WriteString(FileIO::jnName, Name());
+    f.WriteEnum(FileIO::jnSurfaceType, m_surfaceType, kSurfaceTypeTexts, 2);
+    f.WriteBool(FileIO::jnCalculate, m_calculate);
+}
+
+void CDisplacementData::Read(FileIO::CDataFile& f, int) {
+    f.ReadString(FileIO::jnName, AccessName(), false);
+    int type = m_surfaceType;
+    f.ReadEnum(FileIO::jnSurfaceType, type, kSurfaceTypeTexts, 2, false);
+    m_surfaceType = static_cast<ESurfaceType>(type);
+    f.ReadBool(FileIO::jnCalculate, m_calculate, false);
 }
 
 } // namespace Tevra::Data

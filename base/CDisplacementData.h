@@ -4,6 +4,10 @@
 
 #include <vector>
 
+namespace Tevra::FileIO {
+class CDataFile;
+}
+
 namespace Tevra::Data {
 
 // Whether a record's samples lie on the ground surface or below it.
@@ -55,6 +59,13 @@ class CDisplacementData : public NamedEntity {
     }
     // Samples in the first position at the stage; 0 for a stage that has no store.
     int NumResults(int stage) const;
+    // The whole store, by stage, as a results file keeps it.
+    const std::vector<StageResults>& AllResults() const { return m_results; }
+    void SetAllResults(std::vector<StageResults> results) { m_results = std::move(results); }
+
+    // The record's fields in the model file (results go in a module of their own).
+    virtual void Write(FileIO::CDataFile& file) const;
+    virtual void Read(FileIO::CDataFile& file, int generation);
 
   protected:
     // Locations along the record and across it.

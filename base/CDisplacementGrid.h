@@ -32,6 +32,8 @@ class CDisplacementGrid : public CDisplacementData {
         return NumFirstPositions() * NumSecondPositions();
     }
     static int GetVersion() { return 1; }
+    void Write(FileIO::CDataFile& file) const override;
+    void Read(FileIO::CDataFile& file, int generation) override;
 
     bool operator==(const CDisplacementGrid& o) const {
         return SameData(o) && m_p1 == o.m_p1 && m_p2 == o.m_p2 &&

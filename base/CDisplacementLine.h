@@ -31,6 +31,8 @@ class CDisplacementLine : public CDisplacementData {
     // Location k of the intervals + 1, from the first end; false outside them.
     bool GetDisplacementLocation(int k, Vec3<double>& p, bool) const;
     EPointType GetPointType() const { return eLine; }
+    void Write(FileIO::CDataFile& file) const override;
+    void Read(FileIO::CDataFile& file, int generation) override;
     static int GetVersion() { return 1; }
 
     bool operator==(const CDisplacementLine& o) const {

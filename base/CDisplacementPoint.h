@@ -15,6 +15,8 @@ class CDisplacementPoint : public CDisplacementData {
     void SetPoint(const Vec3<double>& p) { m_point = p; }
 
     int NumDisplacementLocations(bool) const override { return 1; }
+    void Write(FileIO::CDataFile& file) const override;
+    void Read(FileIO::CDataFile& file, int generation) override;
     static int GetVersion() { return 1; }
 
     bool operator==(const CDisplacementPoint& o) const {

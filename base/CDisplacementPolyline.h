@@ -17,6 +17,8 @@ class CDisplacementPolyline : public CDisplacementData {
     void SetIntervalsAlongLine(int n) { m_intervals = n; }
 
     int NumDisplacementLocations(bool) const override { return NumFirstPositions(); }
+    void Write(FileIO::CDataFile& file) const override;
+    void Read(FileIO::CDataFile& file, int generation) override;
     static int GetVersion() { return 1; }
 
     bool operator==(const CDisplacementPolyline& o) const {

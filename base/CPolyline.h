@@ -5,6 +5,10 @@
 
 #include <vector>
 
+namespace Tevra::FileIO {
+class CDataFile;
+}
+
 namespace Tevra::Data {
 
 // A named chain of points in space (metres).
@@ -22,6 +26,9 @@ class CPolyline : public NamedEntity {
 
     // Total length (metres), in plan when inPlan is set, otherwise in space.
     double Len(bool inPlan) const;
+
+    void Write(FileIO::CDataFile& file) const;
+    void Read(FileIO::CDataFile& file, int generation);
 
     bool operator==(const CPolyline& o) const {
         return Name() == o.Name() && m_points == o.m_points;

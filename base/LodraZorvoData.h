@@ -5,8 +5,10 @@
 #include "CDisplacementLine.h"
 #include "CDisplacementPoint.h"
 #include "CDisplacementPolyline.h"
+#include "CHistory.h"
 #include "CNumberedList.h"
 #include "CPolylinePlus.h"
+#include "CTitles.h"
 
 namespace Tevra::Data {
 
@@ -53,6 +55,11 @@ class LodraZorvoData : public BaseEntity {
     double GetDisplacementPolylineInterval(int polyline) const;
     double GetDisplacementLineLengthInPlan(int line) const;
 
+    const CTitles& GetTitles() const { return m_titles; }
+    CTitles& AccessTitles() { return m_titles; }
+    const CHistory& GetHistory() const { return m_history; }
+    CHistory& AccessHistory() { return m_history; }
+
     const CGraphicSettings& GetGraphicSettings() const { return m_graphics; }
     CGraphicSettings& AccessGraphicSettings() { return m_graphics; }
 
@@ -79,6 +86,8 @@ class LodraZorvoData : public BaseEntity {
     CNumberedList<CDisplacementGrid> m_grids;
     CNumberedList<CPolylinePlus> m_polylines;
     CGraphicSettings m_graphics;
+    CTitles m_titles;
+    CHistory m_history;
 };
 
 } // namespace Tevra::Data

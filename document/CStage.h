@@ -3,6 +3,10 @@
 #include "base/CBasicList.h"
 #include "base/NamedEntity.h"
 
+namespace Tevra::FileIO {
+class CDataFile;
+}
+
 namespace Tevra::Data {
 
 // A construction stage: which tunnels, excavations and imported displacement sets
@@ -31,6 +35,10 @@ class CStage : public NamedEntity {
     void SetCircularExcavations(const CBasicList& l) { m_circular = l; }
     const CBasicList& GetImportedDisplacementSets() const { return m_imported; }
     void SetImportedDisplacementSets(const CBasicList& l) { m_imported = l; }
+
+    // The record in the model file: its generation first, then its fields.
+    void Write(FileIO::CDataFile& file) const;
+    void Read(FileIO::CDataFile& file, int generation);
 
     bool operator==(const CStage& o) const {
         return Name() == o.Name() && m_enabled == o.m_enabled &&

@@ -5,6 +5,10 @@
 
 #include <vector>
 
+namespace Tevra::FileIO {
+class CDataFile;
+}
+
 namespace Tevra::Data {
 
 // Kind of record a stage property overrides.
@@ -13,6 +17,10 @@ enum EElementType { eElementTunnel = 0, eElementPolygonalExcavation = 1, eElemen
 enum ETunnelProperty { eTunnelDiameter = 0 };
 // The overridable excavation value: its base level(s).
 enum EExcavationProperty { eExcavationBaseLevels = 0 };
+
+extern const wchar_t* const ELEMENT_TYPE_STRING_IDS[3];
+extern const wchar_t* const TUNNEL_PROPERTY_STRING_IDS[1];
+extern const wchar_t* const EXCAVATION_PROPERTY_STRING_IDS[1];
 
 // A value that replaces a record's own in one calculation stage: for the listed
 // tunnels their diameter, for the listed excavations their base levels (metres).
@@ -36,6 +44,10 @@ class CStageProperty : public NamedEntity {
     const std::vector<double>& GetValues() const { return m_values; }
     void SetValues(const std::vector<double>& v) { m_values = v; }
     int NumValues() const { return static_cast<int>(m_values.size()); }
+
+    // The record in the model file: its generation first, then its fields.
+    void Write(FileIO::CDataFile& file) const;
+    void Read(FileIO::CDataFile& file, int generation);
 
     bool operator==(const CStageProperty& o) const {
         return Name() == o.Name() && m_stage == o.m_stage && m_elementType == o.m_elementType &&

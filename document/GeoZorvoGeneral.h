@@ -4,6 +4,10 @@
 #include "base/CString.h"
 #include "sources/GeoTunnel.h"
 
+namespace Tevra::FileIO {
+class CDataFile;
+}
+
 namespace Tevra::Data {
 
 // Kind of analysis: ground movements of tunnels, excavations and imported sets, or mines.
@@ -27,6 +31,10 @@ class GeoZorvoGeneral : public BaseEntity {
     void SetkDerivation(GeoTunnel::EkDerivation d) { m_kDerivation = d; }
     int GetNewAndBowers() const { return m_newAndBowers; }
     void SetNewAndBowers(int v) { m_newAndBowers = v; }
+
+    // The record in the model file: the problem type alone.
+    void Write(FileIO::CDataFile& file) const;
+    void Read(FileIO::CDataFile& file, int generation);
 
     bool operator==(const GeoZorvoGeneral& o) const {
         return m_problemType == o.m_problemType && m_kDerivation == o.m_kDerivation &&

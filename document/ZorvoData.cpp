@@ -254,7 +254,7 @@ ZorvoData::SLevels ZorvoData::GetLevelsForTunnelCalcs(int tunnel, int index,
 bool ZorvoData::operator==(const ZorvoData& o) const {
     return SameBase(o) && m_general == o.m_general && m_stages == o.m_stages &&
            m_stageProperties == o.m_stageProperties && m_tunnels == o.m_tunnels &&
-           m_tunnels.Prototype() == o.m_tunnels.Prototype() && m_cornerOptions == o.m_cornerOptions;
+           m_cornerOptions == o.m_cornerOptions;
 }
 
 } // namespace Tevra::Data

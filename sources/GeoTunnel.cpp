@@ -1,5 +1,8 @@
 #include "GeoTunnel.h"
 
+#include "base/CDataFile.h"
+#include "base/JsonNameID.h"
+
 #include <algorithm>
 #include <cmath>
 
@@ -108,6 +111,116 @@ double GeoTunnel::GetYMax() const {
 
 double GeoTunnel::GetZMin() const { return std::min(m_z1, m_z2); }
 double GeoTunnel::GetZMax() const { return std::max(m_z1, m_z2); }
+
+// Binary: the centre line ends, levels, size and loss, soil, the two k values (sub-surface
+// first) and derivations, the method, layers, name, m, show and label, one after another.
+// JSON: the centre line nested as start and end points, the levels as pairs, each k with
+// its derivation, enumerations as their texts.
+void GeoTunnel::Write(FileIO::CDataFile& f) const {
+    using namespace FileIO;
+    if (f.IsJson()) {
+        f.BeginObject(jnCentreLine);
+        f.BeginObject(jnCentreLineStart);
+        f.WriteDouble(jnX, m_x1);
+        f.WriteDouble(jnY, m_y1);
+        f.WriteDouble(jnZ, m_z1);
+        f.EndObject();
+        f.BeginObject(jnCentreLineEnd);
+        f.WriteDouble(jnX, m_x2);
+        f.WriteDouble(jnY, m_y2);
+        f.WriteDouble(jnZ, m_z2);
+        f.EndObject();
+        f.EndObject();
+        f.WriteDoubleArray(jnSoilInterfaceLevels, {m_interface1, m_interface2});
+        f.WriteDoubleArray(jnGroundLevels, {m_ground1, m_ground2});
+        f.WriteDouble(jnDiameter, m_diameter);
+        f.WriteDouble(jnPercentLoss, m_percentLoss);
+        f.WriteEnum(jnSoilType, m_soilType, SOIL_TYPE_STRINGS, 3);
+        f.BeginObject(jnSubSurface);
+        f.WriteDouble(jnK, m_k[eSubSurface]);
+        f.WriteEnum(jnKDerivation, m_kDerivation[eSubSurface], K_DERIVATION_STRINGS, 6);
+        f.EndObject();
+        f.BeginObject(jnSurface);
+        f.WriteDouble(jnK, m_k[eSurface]);
+        f.WriteEnum(jnKDerivation, m_kDerivation[eSurface], K_DERIVATION_STRINGS, 6);
+        f.EndObject();
+    } else {
+        for (double v : {m_x1, m_x2, m_y1, m_y2, m_z1, m_z2, m_interface1, m_interface2,
+                         m_ground1, m_ground2, m_diameter, m_percentLoss})
+            f.WriteDouble(jnX, v);
+        f.WriteInt(jnSoilType, m_soilType);
+        f.WriteDouble(jnK, m_k[eSubSurface]);
+        f.WriteDouble(jnK, m_k[eSurface]);
+        f.WriteInt(jnKDerivation, m_kDerivation[eSurface]);
+        f.WriteInt(jnKDerivation, m_kDerivation[eSubSurface]);
+    }
+    f.WriteEnum(jnSubSurfaceMethod, m_subSurfaceMethod, SUB_SURFACE_METHOD_STRINGS, 3);
+    f.WriteInt(jnNumLayers, m_numLayers);
+    f.WriteString(jnName, m_name);
+    f.WriteDouble(jnM, m_m);
+    f.WriteBool(jnShow, m_show);
+    f.WriteBool(jnLabel, m_label);
+}
+
+void GeoTunnel::Read(FileIO::CDataFile& f, int) {
+    using namespace FileIO;
+    int soil = m_soilType, method = m_subSurfaceMethod;
+    int der[2] = {m_kDerivation[0], m_kDerivation[1]};
+    if (f.IsJson()) {
+        f.EnterObject(jnCentreLine);
+        f.EnterObject(jnCentreLineStart);
+        f.ReadDouble(jnX, m_x1);
+        f.ReadDouble(jnY, m_y1);
+        f.ReadDouble(jnZ, m_z1);
+        f.LeaveObject();
+        f.EnterObject(jnCentreLineEnd);
+        f.ReadDouble(jnX, m_x2);
+        f.ReadDouble(jnY, m_y2);
+        f.ReadDouble(jnZ, m_z2);
+        f.LeaveObject();
+        f.LeaveObject();
+        auto pair = [&](int name, double& a, double& b) {
+            std::vector<double> v;
+            if (!f.ReadDoubleArray(name, v, false))
+                return;
+            if (v.size() != 2)
+                f.Fail(std::string("'") + JsonName(name) + "' should hold the two ends' levels");
+            a = v[0];
+            b = v[1];
+        };
+        pair(jnSoilInterfaceLevels, m_interface1, m_interface2);
+        pair(jnGroundLevels, m_ground1, m_ground2);
+        f.ReadDouble(jnDiameter, m_diameter);
+        f.ReadDouble(jnPercentLoss, m_percentLoss);
+        f.ReadEnum(jnSoilType, soil, SOIL_TYPE_STRINGS, 3, false);
+        for (ESurfaceType t : {eSubSurface, eSurface}) {
+            if (f.EnterObject(t == eSurface ? jnSurface : jnSubSurface, false)) {
+                f.ReadDouble(jnK, m_k[t], false);
+                f.ReadEnum(jnKDerivation, der[t], K_DERIVATION_STRINGS, 6, false);
+                f.LeaveObject();
+            }
+        }
+    } else {
+        for (double* v : {&m_x1, &m_x2, &m_y1, &m_y2, &m_z1, &m_z2, &m_interface1, &m_interface2,
+                          &m_ground1, &m_ground2, &m_diameter, &m_percentLoss})
+            f.ReadDouble(jnX, *v);
+        f.ReadEnum(jnSoilType, soil, SOIL_TYPE_STRINGS, 3);
+        f.ReadDouble(jnK, m_k[eSubSurface]);
+        f.ReadDouble(jnK, m_k[eSurface]);
+        f.ReadEnum(jnKDerivation, der[eSurface], K_DERIVATION_STRINGS, 6);
+        f.ReadEnum(jnKDerivation, der[eSubSurface], K_DERIVATION_STRINGS, 6);
+    }
+    f.ReadEnum(jnSubSurfaceMethod, method, SUB_SURFACE_METHOD_STRINGS, 3, false);
+    f.ReadInt(jnNumLayers, m_numLayers, false);
+    f.ReadString(jnName, m_name, false);
+    f.ReadDouble(jnM, m_m, false);
+    f.ReadBool(jnShow, m_show, false);
+    f.ReadBool(jnLabel, m_label, false);
+    m_soilType = static_cast<ESoilType>(soil);
+    m_subSurfaceMethod = static_cast<ESubSurfaceMethod>(method);
+    m_kDerivation[eSurface] = static_cast<EkDerivation>(der[eSurface]);
+    m_kDerivation[eSubSurface] = static_cast<EkDerivation>(der[eSubSurface]);
+}
 
 bool GeoTunnel::operator==(const GeoTunnel& o) const {
     return m_name == o.m_name && m_x1 == o.m_x1 && m_x2 == o.m_x2 && m_y1 == o.m_y1 &&

@@ -4,6 +4,10 @@
 #include "base/CDisplacementData.h"
 #include "base/CString.h"
 
+namespace Tevra::FileIO {
+class CDataFile;
+}
+
 namespace Tevra::Data {
 
 // A straight tunnel heading between two centre line ends, with its levels, its size and
@@ -95,6 +99,10 @@ class GeoTunnel : public BaseEntity {
     double GetYMax() const;
     double GetZMin() const;
     double GetZMax() const;
+
+    // The record in the model file.
+    void Write(FileIO::CDataFile& file) const;
+    void Read(FileIO::CDataFile& file, int generation);
 
     bool operator==(const GeoTunnel& o) const;
     bool operator!=(const GeoTunnel& o) const { return !(*this == o); }

@@ -1,0 +1,768 @@
+#include "CDataFile.h"
+
+#include "JsonNameID.h"
+
+#include <rapidjson/document.h>
+#include <rapidjson/error/en.h>
+#include <rapidjson/prettywriter.h>
+#include <rapidjson/stringbuffer.h>
+
+#include <cerrno>
+#include <cmath>
+#include <cstdio>
+#include <cstring>
+#include <fcntl.h>
+#include <fstream>
+#include <limits>
+#include <sstream>
+#include <sys/stat.h>
+#include <unistd.h>
+
+namespace Tevra::FileIO {
+
+namespace {
+
+const char kMagic[8] = {'Z', 'O', 'R', 'V', 'O', 'B', 'I', 'N'};
+constexpr uint32_t kContainerVersion = 1;
+
+// Field type tags of the binary form.
+enum : uint8_t { kTagInt = 1, kTagDouble = 2, kTagBool = 3, kTagString = 4, kTagDoubles = 5 };
+
+const char* TagName(uint8_t tag) {
+    switch (tag) {
+    case kTagInt: return "an integer";
+    case kTagDouble: return "a number";
+    case kTagBool: return "a yes/no value";
+    case kTagString: return "a text";
+    case kTagDoubles: return "a list of numbers";
+    default: return "an unknown field type";
+    }
+}
+
+const char* Member(int name) {
+    const char* s = JsonName(name);
+    return s ? s : "?";
+}
+
+// Readable form of a JSON value's type.
+const char* JsonTypeName(const rapidjson::Value& v) {
+    if (v.IsNull()) return "null";
+    if (v.IsBool()) return "true/false";
+    if (v.IsObject()) return "an object";
+    if (v.IsArray()) return "an array";
+    if (v.IsString()) return "a text";
+    if (v.IsInt()) return "an integer";
+    return "a number";
+}
+
+std::string Quote(const std::string& s) { return "'" + s + "'"; }
+
+// Text of a value that a JSON number cannot hold.
+const char* NonFiniteText(double v) {
+    if (std::isnan(v))
+        return "NaN";
+    return v > 0 ? "Infinity" : "-Infinity";
+}
+
+// A JSON number, or one of the texts above; false for anything else.
+bool JsonNumber(const rapidjson::Value& v, double& out) {
+    if (v.IsNumber()) {
+        out = v.GetDouble();
+        return true;
+    }
+    if (!v.IsString())
+        return false;
+    const std::string s = v.GetString();
+    if (s == "NaN")
+        out = std::numeric_limits<double>::quiet_NaN();
+    else if (s == "Infinity")
+        out = std::numeric_limits<double>::infinity();
+    else if (s == "-Infinity")
+        out = -std::numeric_limits<double>::infinity();
+    else
+        return false;
+    return true;
+}
+
+} // namespace
+
+struct CDataFile::Json {
+    rapidjson::Document doc;
+    // Writing: the objects open for writing, innermost last; the current module's
+    // record array.
+    std::vector<rapidjson::Value*> open;
+    rapidjson::Value* records = nullptr;
+    // Reading: the current module and the objects entered, with their paths.
+    int module = -1;
+    const rapidjson::Value* moduleValue = nullptr;
+    std::vector<std::pair<const rapidjson::Value*, std::string>> stack;
+
+    rapidjson::Document::AllocatorType& Alloc() { return doc.GetAllocator(); }
+};
+
+CDataFile::CDataFile(EForm form) : m_form(form) {
+    if (form == eJson) {
+        m_json = std::make_unique<Json>();
+        m_json->doc.SetObject();
+        rapidjson::Value modules(rapidjson::kArrayType);
+        m_json->doc.AddMember("modules", modules, m_json->Alloc());
+    } else {
+        PutBytes(kMagic, sizeof kMagic);
+        PutU32(kContainerVersion);
+    }
+}
+
+CDataFile::CDataFile(CDataFile&&) noexcept = default;
+CDataFile& CDataFile::operator=(CDataFile&&) noexcept = default;
+CDataFile::~CDataFile() = default;
+
+CDataFile CDataFile::FromBytes(const std::string& bytes, const std::string& name) {
+    CDataFile f;
+    f.m_name = name;
+    if (bytes.size() >= sizeof kMagic && std::memcmp(bytes.data(), kMagic, sizeof kMagic) == 0) {
+        f.m_form = eBinary;
+        f.m_bytes = bytes;
+        f.m_pos = sizeof kMagic;
+        const uint32_t version = f.GetU32();
+        if (version != kContainerVersion)
+            f.Fail("container version " + std::to_string(version) +
+                   " is not one this program reads (it reads version " +
+                   std::to_string(kContainerVersion) + ")");
+        return f;
+    }
+    f.m_form = eJson;
+    f.m_json = std::make_unique<Json>();
+    rapidjson::Document& doc = f.m_json->doc;
+    doc.Parse<rapidjson::kParseFullPrecisionFlag>(bytes.data(),
+                                                                                 bytes.size());
+    if (doc.HasParseError()) {
+        const size_t offset = doc.GetErrorOffset();
+        size_t line = 1, column = 1;
+        for (size_t i = 0; i < offset && i < bytes.size(); ++i) {
+            if (bytes[i] == '\n') {
+                ++line;
+                column = 1;
+            } else {
+                ++column;
+            }
+        }
+        throw CDataFileError(name + ": line " + std::to_string(line) + ", column " +
+                             std::to_string(column) + ": not valid JSON: " +
+                             rapidjson::GetParseError_En(doc.GetParseError()));
+    }
+    if (!doc.IsObject())
+        throw CDataFileError(name + ": the file is neither a binary model file nor a JSON object");
+    const auto it = doc.FindMember("modules");
+    if (it == doc.MemberEnd() || !it->value.IsArray())
+        throw CDataFileError(name + ": a JSON model file needs a \"modules\" array");
+    return f;
+}
+
+CDataFile CDataFile::FromFile(const std::string& path) {
+    std::ifstream in(path, std::ios::binary);
+    if (!in)
+        throw CDataFileError(path + ": cannot open the file: " + std::strerror(errno));
+    std::ostringstream ss;
+    ss << in.rdbuf();
+    if (in.bad())
+        throw CDataFileError(path + ": cannot read the file");
+    return FromBytes(ss.str(), path);
+}
+
+// ---- Writing -------------------------------------------------------------------
+
+void CDataFile::PutBytes(const void* data, size_t n) {
+    m_bytes.append(static_cast<const char*>(data), n);
+}
+void CDataFile::PutTag(uint8_t tag) { PutBytes(&tag, 1); }
+void CDataFile::PutU32(uint32_t v) { PutBytes(&v, 4); }
+void CDataFile::PutStringBytes(const std::string& s) {
+    PutU32(static_cast<uint32_t>(s.size()));
+    PutBytes(s.data(), s.size());
+}
+void CDataFile::Patch32(size_t at, uint64_t length) {
+    const auto v = static_cast<uint32_t>(length);
+    std::memcpy(&m_bytes[at], &v, 4);
+}
+void CDataFile::Patch64(size_t at, uint64_t length) { std::memcpy(&m_bytes[at], &length, 8); }
+
+void CDataFile::WriteModuleHeader(const CKeyParam& h) {
+    if (IsJson()) {
+        auto& a = m_json->Alloc();
+        rapidjson::Value module(rapidjson::kObjectType);
+        module.AddMember("key", h.key, a);
+        const std::string desc = h.description.ToUtf8();
+        module.AddMember("description", rapidjson::Value(desc.c_str(), a), a);
+        module.AddMember("generation", h.generation, a);
+        module.AddMember("count", h.count, a);
+        module.AddMember("records", rapidjson::Value(rapidjson::kArrayType), a);
+        rapidjson::Value& modules = m_json->doc["modules"];
+        modules.PushBack(module, a);
+        m_json->records = &modules[modules.Size() - 1]["records"];
+        return;
+    }
+    PutBytes(&h.key, 4);
+    PutStringBytes(h.description.ToUtf8());
+    PutBytes(&h.count, 4);
+    PutBytes(&h.generation, 4);
+    m_patches.push_back(m_bytes.size());
+    const uint64_t zero = 0;
+    PutBytes(&zero, 8);
+}
+
+void CDataFile::EndModule() {
+    if (IsJson()) {
+        m_json->records = nullptr;
+        return;
+    }
+    const size_t at = m_patches.back();
+    m_patches.pop_back();
+    Patch64(at, m_bytes.size() - at - 8);
+}
+
+void CDataFile::BeginRecord(int) {
+    if (IsJson()) {
+        m_json->records->PushBack(rapidjson::Value(rapidjson::kObjectType), m_json->Alloc());
+        m_json->open.assign(1, &(*m_json->records)[m_json->records->Size() - 1]);
+        return;
+    }
+    m_patches.push_back(m_bytes.size());
+    PutU32(0);
+}
+
+void CDataFile::EndRecord() {
+    if (IsJson()) {
+        m_json->open.clear();
+        return;
+    }
+    const size_t at = m_patches.back();
+    m_patches.pop_back();
+    const uint64_t length = m_bytes.size() - at - 4;
+    if (length > std::numeric_limits<uint32_t>::max())
+        throw CDataFileError(m_name + ": a record is too large for the binary form");
+    Patch32(at, length);
+}
+
+void CDataFile::BeginObject(int name) {
+    if (!IsJson())
+        return;
+    auto& a = m_json->Alloc();
+    rapidjson::Value* parent = m_json->open.back();
+    parent->AddMember(rapidjson::StringRef(Member(name)), rapidjson::Value(rapidjson::kObjectType),
+                      a);
+    m_json->open.push_back(&(*parent)[Member(name)]);
+}
+
+void CDataFile::EndObject() {
+    if (IsJson())
+        m_json->open.pop_back();
+}
+
+void CDataFile::WriteInt(int name, int value) {
+    if (IsJson()) {
+        m_json->open.back()->AddMember(rapidjson::StringRef(Member(name)), value,
+                                       m_json->Alloc());
+        return;
+    }
+    PutTag(kTagInt);
+    PutBytes(&value, 4);
+}
+
+void CDataFile::WriteDouble(int name, double value) {
+    if (IsJson()) {
+        auto& a = m_json->Alloc();
+        if (std::isfinite(value)) // JSON has no numbers for these: they go as text
+            m_json->open.back()->AddMember(rapidjson::StringRef(Member(name)), value, a);
+        else
+            m_json->open.back()->AddMember(rapidjson::StringRef(Member(name)),
+                                           rapidjson::StringRef(NonFiniteText(value)), a);
+        return;
+    }
+    PutTag(kTagDouble);
+    PutBytes(&value, 8);
+}
+
+void CDataFile::WriteBool(int name, bool value) {
+    if (IsJson()) {
+        m_json->open.back()->AddMember(rapidjson::StringRef(Member(name)),
+                                       rapidjson::StringRef(value ? "YES" : "NO"),
+                                       m_json->Alloc());
+        return;
+    }
+    PutTag(kTagBool);
+    const uint8_t b = value ? 1 : 0;
+    PutBytes(&b, 1);
+}
+
+void CDataFile::WriteString(int name, const CString& value) {
+    const std::string utf8 = value.ToUtf8();
+    if (IsJson()) {
+        auto& a = m_json->Alloc();
+        m_json->open.back()->AddMember(rapidjson::StringRef(Member(name)),
+                                       rapidjson::Value(utf8.c_str(),
+                                                        static_cast<rapidjson::SizeType>(utf8.size()),
+                                                        a),
+                                       a);
+        return;
+    }
+    PutTag(kTagString);
+    PutStringBytes(utf8);
+}
+
+void CDataFile::WriteDoubleArray(int name, const std::vector<double>& values) {
+    if (IsJson()) {
+        auto& a = m_json->Alloc();
+        rapidjson::Value arr(rapidjson::kArrayType);
+        for (double v : values) {
+            if (std::isfinite(v))
+                arr.PushBack(v, a);
+            else
+                arr.PushBack(rapidjson::StringRef(NonFiniteText(v)), a);
+        }
+        m_json->open.back()->AddMember(rapidjson::StringRef(Member(name)), arr, a);
+        return;
+    }
+    PutTag(kTagDoubles);
+    PutU32(static_cast<uint32_t>(values.size()));
+    PutBytes(values.data(), values.size() * sizeof(double));
+}
+
+void CDataFile::WriteEnum(int name, int value, const wchar_t* const* texts, int count) {
+    if (IsJson())
+        WriteString(name, value >= 0 && value < count ? CString(texts[value]) : CString(L"?"));
+    else
+        WriteInt(name, value);
+}
+
+std::string CDataFile::Contents() const {
+    if (!IsJson())
+        return m_bytes;
+    rapidjson::StringBuffer buf;
+    rapidjson::PrettyWriter<rapidjson::StringBuffer> writer(buf);
+    writer.SetIndent(' ', 2);
+    m_json->doc.Accept(writer);
+    return std::string(buf.GetString(), buf.GetSize()) + "\n";
+}
+
+void CDataFile::SaveTo(const std::string& path) const {
+    const std::string bytes = Contents();
+    std::string tmp = path + ".tmp-XXXXXX";
+    const int fd = ::mkstemp(tmp.data());
+    if (fd < 0)
+        throw CDataFileError(path + ": cannot create a temporary file beside it: " +
+                             std::strerror(errno));
+    auto fail = [&](const char* what) {
+        const std::string reason = std::strerror(errno);
+        ::close(fd);
+        ::unlink(tmp.c_str());
+        throw CDataFileError(path + ": " + what + ": " + reason +
+                             " (the existing file is unchanged)");
+    };
+    size_t done = 0;
+    while (done < bytes.size()) {
+        const ssize_t n = ::write(fd, bytes.data() + done, bytes.size() - done);
+        if (n < 0) {
+            if (errno == EINTR)
+                continue;
+            fail("cannot write the file");
+        }
+        done += static_cast<size_t>(n);
+    }
+    if (::fsync(fd) != 0)
+        fail("cannot flush the file to disk");
+    ::fchmod(fd, 0644);
+    if (::close(fd) != 0) {
+        ::unlink(tmp.c_str());
+        throw CDataFileError(path + ": cannot close the file: " + std::strerror(errno) +
+                             " (the existing file is unchanged)");
+    }
+    if (std::rename(tmp.c_str(), path.c_str()) != 0) {
+        const std::string reason = std::strerror(errno);
+        ::unlink(tmp.c_str());
+        throw CDataFileError(path + ": cannot replace the file: " + reason +
+                             " (the existing file is unchanged)");
+    }
+}
+
+// ---- Reading: binary primitives -------------------------------------------------
+
+size_t CDataFile::Limit() const {
+    if (m_inRecord)
+        return m_recordEnd;
+    if (m_inModule)
+        return m_moduleEnd;
+    return m_bytes.size();
+}
+
+void CDataFile::Need(size_t n, const char* what) const {
+    if (n > Limit() - m_pos) {
+        if (m_inRecord)
+            Fail(std::string("the record ends before ") + what);
+        if (m_inModule)
+            Fail(std::string("the module ends before ") + what);
+        Fail(std::string("the file ends before ") + what + " (it is truncated)");
+    }
+}
+
+uint8_t CDataFile::GetU8() {
+    Need(1, "the next field");
+    return static_cast<uint8_t>(m_bytes[m_pos++]);
+}
+
+uint32_t CDataFile::GetU32() {
+    Need(4, "a 4-byte value");
+    uint32_t v;
+    std::memcpy(&v, &m_bytes[m_pos], 4);
+    m_pos += 4;
+    return v;
+}
+
+int32_t CDataFile::GetI32() {
+    Need(4, "a 4-byte value");
+    int32_t v;
+    std::memcpy(&v, &m_bytes[m_pos], 4);
+    m_pos += 4;
+    return v;
+}
+
+uint64_t CDataFile::GetU64() {
+    Need(8, "an 8-byte value");
+    uint64_t v;
+    std::memcpy(&v, &m_bytes[m_pos], 8);
+    m_pos += 8;
+    return v;
+}
+
+double CDataFile::GetF64() {
+    Need(8, "an 8-byte number");
+    double v;
+    std::memcpy(&v, &m_bytes[m_pos], 8);
+    m_pos += 8;
+    return v;
+}
+
+std::string CDataFile::GetStringBytes(const char* what) {
+    const uint32_t n = GetU32();
+    Need(n, what); // the length is checked against what is left before anything is allocated
+    std::string s(m_bytes.data() + m_pos, n);
+    m_pos += n;
+    return s;
+}
+
+void CDataFile::ExpectTag(uint8_t tag, int name) {
+    const size_t at = m_pos;
+    const uint8_t found = GetU8();
+    if (found != tag) {
+        m_pos = at;
+        Fail(std::string("field ") + Quote(Member(name)) + " should be " + TagName(tag) +
+             " but the file holds " + TagName(found));
+    }
+    ++m_field;
+}
+
+std::string CDataFile::Where() const {
+    std::string where = m_name;
+    if (IsJson()) {
+        if (m_json && m_json->module >= 0) {
+            where += ": modules[" + std::to_string(m_json->module) + "]";
+            if (!m_json->stack.empty())
+                where += m_json->stack.back().second;
+            if (!m_moduleDescription.IsEmpty())
+                where += " (module " + Quote(m_moduleDescription.ToUtf8()) + ")";
+        }
+        return where;
+    }
+    where += ": byte " + std::to_string(m_pos);
+    if (m_inModule) {
+        where += " (module " + Quote(m_moduleDescription.ToUtf8());
+        if (m_inRecord)
+            where += ", record " + std::to_string(m_record + 1);
+        where += ")";
+    }
+    return where;
+}
+
+void CDataFile::Fail(const std::string& what) const { throw CDataFileError(Where() + ": " + what); }
+
+// ---- Reading: modules and records ---------------------------------------------------
+
+bool CDataFile::NextModule(CKeyParam& h) {
+    m_inRecord = false;
+    m_record = -1;
+    if (IsJson()) {
+        const rapidjson::Value& modules = m_json->doc["modules"];
+        m_json->stack.clear();
+        m_moduleDescription = CString();
+        ++m_json->module;
+        if (m_json->module >= static_cast<int>(modules.Size()))
+            return false;
+        const rapidjson::Value& mod = modules[static_cast<rapidjson::SizeType>(m_json->module)];
+        m_json->moduleValue = &mod;
+        if (!mod.IsObject())
+            Fail("a module should be an object");
+        const auto desc = mod.FindMember("description");
+        if (desc == mod.MemberEnd() || !desc->value.IsString())
+            Fail("a module needs its \"description\" text");
+        h.description = CString::FromUtf8(desc->value.GetString());
+        m_moduleDescription = h.description;
+        auto intMember = [&](const char* key, int fallback) {
+            const auto it = mod.FindMember(key);
+            if (it == mod.MemberEnd())
+                return fallback;
+            if (!it->value.IsInt())
+                Fail(std::string("\"") + key + "\" should be an integer");
+            return it->value.GetInt();
+        };
+        const auto recs = mod.FindMember("records");
+        if (recs == mod.MemberEnd() || !recs->value.IsArray())
+            Fail("a module needs a \"records\" array");
+        const int size = static_cast<int>(recs->value.Size());
+        h.key = intMember("key", 0);
+        h.generation = intMember("generation", -1);
+        h.count = intMember("count", size);
+        if (h.count != size)
+            Fail("\"count\" is " + std::to_string(h.count) + " but the module holds " +
+                 std::to_string(size) + " records");
+        m_moduleCount = h.count;
+        return true;
+    }
+    m_inModule = false;
+    if (m_pos == m_bytes.size())
+        return false;
+    h.key = GetI32();
+    h.description = CString::FromUtf8(GetStringBytes("the module description"));
+    h.count = GetI32();
+    h.generation = GetI32();
+    const uint64_t length = GetU64();
+    m_moduleDescription = h.description;
+    if (h.count < 0)
+        Fail("the module's record count is negative (" + std::to_string(h.count) + ")");
+    if (length > m_bytes.size() - m_pos)
+        Fail("the module claims " + std::to_string(length) + " bytes but the file holds only " +
+             std::to_string(m_bytes.size() - m_pos) + " more (it is truncated)");
+    m_moduleEnd = m_pos + length;
+    m_moduleCount = h.count;
+    m_inModule = true;
+    return true;
+}
+
+int CDataFile::NumRecordsInModule() const { return m_moduleCount; }
+
+void CDataFile::SkipModule() {
+    m_inRecord = false;
+    if (!IsJson())
+        m_pos = m_moduleEnd;
+}
+
+void CDataFile::BeginReadRecord(int index) {
+    m_record = index;
+    m_field = 0;
+    if (IsJson()) {
+        const rapidjson::Value& recs = (*m_json->moduleValue)["records"];
+        const rapidjson::Value& rec = recs[static_cast<rapidjson::SizeType>(index)];
+        m_json->stack.assign(1, {&rec, ".records[" + std::to_string(index) + "]"});
+        if (!rec.IsObject())
+            Fail("a record should be an object, not " + std::string(JsonTypeName(rec)));
+        return;
+    }
+    m_inRecord = false;
+    if (m_pos == m_moduleEnd)
+        Fail("the module holds " + std::to_string(index) + " records but its header counts " +
+             std::to_string(m_moduleCount));
+    const uint32_t length = GetU32();
+    if (length > m_moduleEnd - m_pos)
+        Fail("record " + std::to_string(index + 1) + " claims " + std::to_string(length) +
+             " bytes, past the end of its module");
+    m_recordEnd = m_pos + length;
+    m_inRecord = true;
+}
+
+void CDataFile::EndReadRecord() {
+    if (IsJson()) {
+        m_json->stack.clear();
+        return;
+    }
+    m_pos = m_recordEnd;
+    m_inRecord = false;
+}
+
+void CDataFile::EndModuleRead() {
+    if (!IsJson() && m_pos != m_moduleEnd)
+        Fail("the module holds more data than its " + std::to_string(m_moduleCount) +
+             " records");
+}
+
+bool CDataFile::EnterObject(int name, bool required) {
+    if (!IsJson())
+        return true;
+    auto& top = m_json->stack.back();
+    const auto it = top.first->FindMember(Member(name));
+    if (it == top.first->MemberEnd()) {
+        if (required)
+            Fail(std::string("missing member ") + Quote(Member(name)));
+        return false;
+    }
+    if (!it->value.IsObject())
+        Fail(Quote(Member(name)) + " should be an object, not " + JsonTypeName(it->value));
+    m_json->stack.push_back({&it->value, top.second + "." + Member(name)});
+    return true;
+}
+
+void CDataFile::LeaveObject() {
+    if (IsJson() && m_json->stack.size() > 1)
+        m_json->stack.pop_back();
+}
+
+namespace {
+
+// The member of the current JSON object, or null when absent.
+const rapidjson::Value* FindField(const rapidjson::Value& obj, int name) {
+    const auto it = obj.FindMember(Member(name));
+    return it == obj.MemberEnd() ? nullptr : &it->value;
+}
+
+} // namespace
+
+bool CDataFile::ReadInt(int name, int& value, bool required) {
+    if (!IsJson()) {
+        ExpectTag(kTagInt, name);
+        value = GetI32();
+        return true;
+    }
+    const rapidjson::Value* v = FindField(*m_json->stack.back().first, name);
+    if (!v) {
+        if (required)
+            Fail(std::string("missing member ") + Quote(Member(name)));
+        return false;
+    }
+    if (!v->IsInt())
+        Fail(Quote(Member(name)) + " should be an integer, not " + JsonTypeName(*v));
+    value = v->GetInt();
+    return true;
+}
+
+bool CDataFile::ReadDouble(int name, double& value, bool required) {
+    if (!IsJson()) {
+        ExpectTag(kTagDouble, name);
+        value = GetF64();
+        return true;
+    }
+    const rapidjson::Value* v = FindField(*m_json->stack.back().first, name);
+    if (!v) {
+        if (required)
+            Fail(std::string("missing member ") + Quote(Member(name)));
+        return false;
+    }
+    if (!JsonNumber(*v, value))
+        Fail(Quote(Member(name)) + " should be a number, not " + JsonTypeName(*v));
+    return true;
+}
+
+bool CDataFile::ReadBool(int name, bool& value, bool required) {
+    if (!IsJson()) {
+        ExpectTag(kTagBool, name);
+        const uint8_t b = GetU8();
+        if (b > 1)
+            Fail(std::string("field ") + Quote(Member(name)) + " holds " + std::to_string(b) +
+                 ", which is not a yes/no value");
+        value = b == 1;
+        return true;
+    }
+    const rapidjson::Value* v = FindField(*m_json->stack.back().first, name);
+    if (!v) {
+        if (required)
+            Fail(std::string("missing member ") + Quote(Member(name)));
+        return false;
+    }
+    if (v->IsBool()) {
+        value = v->GetBool();
+        return true;
+    }
+    if (v->IsString() && std::strcmp(v->GetString(), "YES") == 0) {
+        value = true;
+        return true;
+    }
+    if (v->IsString() && std::strcmp(v->GetString(), "NO") == 0) {
+        value = false;
+        return true;
+    }
+    Fail(Quote(Member(name)) + " should be \"YES\" or \"NO\"");
+}
+
+bool CDataFile::ReadString(int name, CString& value, bool required) {
+    if (!IsJson()) {
+        ExpectTag(kTagString, name);
+        value = CString::FromUtf8(GetStringBytes("the end of a text"));
+        return true;
+    }
+    const rapidjson::Value* v = FindField(*m_json->stack.back().first, name);
+    if (!v) {
+        if (required)
+            Fail(std::string("missing member ") + Quote(Member(name)));
+        return false;
+    }
+    if (!v->IsString())
+        Fail(Quote(Member(name)) + " should be a text, not " + JsonTypeName(*v));
+    value = CString::FromUtf8(std::string(v->GetString(), v->GetStringLength()));
+    return true;
+}
+
+bool CDataFile::ReadDoubleArray(int name, std::vector<double>& values, bool required) {
+    if (!IsJson()) {
+        ExpectTag(kTagDoubles, name);
+        const uint32_t n = GetU32();
+        if (n > (Limit() - m_pos) / sizeof(double))
+            Fail("a list of " + std::to_string(n) + " numbers runs past the end of its record");
+        values.resize(n);
+        for (uint32_t k = 0; k < n; ++k)
+            values[k] = GetF64();
+        return true;
+    }
+    const rapidjson::Value* v = FindField(*m_json->stack.back().first, name);
+    if (!v) {
+        if (required)
+            Fail(std::string("missing member ") + Quote(Member(name)));
+        return false;
+    }
+    if (!v->IsArray())
+        Fail(Quote(Member(name)) + " should be an array of numbers, not " + JsonTypeName(*v));
+    std::vector<double> out;
+    out.reserve(v->Size());
+    for (rapidjson::SizeType k = 0; k < v->Size(); ++k) {
+        double x = 0.0;
+        if (!JsonNumber((*v)[k], x))
+            Fail(Quote(Member(name)) + "[" + std::to_string(k) + "] should be a number, not " +
+                 JsonTypeName((*v)[k]));
+        out.push_back(x);
+    }
+    values = std::move(out);
+    return true;
+}
+
+bool CDataFile::ReadEnum(int name, int& value, const wchar_t* const* texts, int count,
+                         bool required) {
+    if (!IsJson()) {
+        int v = 0;
+        ReadInt(name, v);
+        if (v < 0 || v >= count)
+            Fail(std::string("field ") + Quote(Member(name)) + " holds " + std::to_string(v) +
+                 ", which is not one of its " + std::to_string(count) + " values");
+        value = v;
+        return true;
+    }
+    CString text;
+    if (!ReadString(name, text, required))
+        return false;
+    for (int k = 0; k < count; ++k) {
+        if (text == CString(texts[k])) {
+            value = k;
+            return true;
+        }
+    }
+    std::string allowed;
+    for (int k = 0; k < count; ++k)
+        allowed += (k ? ", \"" : "\"") + CString(texts[k]).ToUtf8() + "\"";
+    Fail(Quote(Member(name)) + " is \"" + text.ToUtf8() + "\"; it should be one of " + allowed);
+}
+
+} // namespace Tevra::FileIO

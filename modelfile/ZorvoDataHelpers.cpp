@@ -1,0 +1,275 @@
+#include "ZorvoDataHelpers.h"
+
+#include "base/JsonNameID.h"
+#include "modelfile/ZorvoDataFamily.h"
+
+#include <cmath>
+
+namespace Tevra::FileIO {
+
+using namespace Data;
+
+namespace {
+
+// ---- Results of the displacement records ----------------------------------------
+// One record per displacement record that holds results: its family and number, then
+// every stage as (first, second, samples...) in one list of numbers, each sample as
+// x, y, z, the three displacements (m), major and minor strain, angle, point type,
+// point group, import match, and whether it carries its record's name.
+
+constexpr int kSampleValues = 13;
+
+CDisplacementData* DisplacementRecord(ZorvoData& doc, int family, int n) {
+    switch (family) {
+    case eModuleDisplacementPoints:
+        return doc.DisplacementPointExists(n) ? &doc.AccessDisplacementPoint(n) : nullptr;
+    case eModuleDisplacementLines:
+        return doc.DisplacementLineExists(n) ? &doc.AccessDisplacementLine(n) : nullptr;
+    case eModuleDisplacementPolylines:
+        return doc.DisplacementPolylineExists(n) ? &doc.AccessDisplacementPolyline(n) : nullptr;
+    case eModuleDisplacementGrids:
+        return doc.DisplacementGridExists(n) ? &doc.AccessDisplacementGrid(n) : nullptr;
+    default:
+        return nullptr;
+    }
+}
+
+const CDisplacementData& DisplacementRecord(const ZorvoData& doc, int family, int n) {
+    switch (family) {
+    case eModuleDisplacementPoints:
+        return doc.GetDisplacementPoint(n);
+    case eModuleDisplacementLines:
+        return doc.GetDisplacementLine(n);
+    case eModuleDisplacementPolylines:
+        return doc.GetDisplacementPolyline(n);
+    default:
+        return doc.GetDisplacementGrid(n);
+    }
+}
+
+// The records with results, as (family, number), in file order.
+std::vector<std::pair<int, int>> RecordsWithResults(const ZorvoData& doc) {
+    std::vector<std::pair<int, int>> out;
+    for (int family = eModuleDisplacementPoints; family <= eModuleDisplacementGrids; ++family)
+        for (int n = 1; n <= doc.NumRecord(family); ++n)
+            if (!DisplacementRecord(doc, family, n).AllResults().empty())
+                out.emplace_back(family, n);
+    return out;
+}
+
+void WriteResults(const ZorvoData& doc, CDataFile& f, int record) {
+    const auto which = RecordsWithResults(doc)[static_cast<size_t>(record - 1)];
+    const CDisplacementData& data = DisplacementRecord(doc, which.first, which.second);
+    std::vector<double> values;
+    for (const auto& stage : data.AllResults()) {
+        const size_t first = stage.size();
+        const size_t second = first ? stage[0].size() : 0;
+        values.push_back(static_cast<double>(first));
+        values.push_back(static_cast<double>(second));
+        for (const auto& row : stage) {
+            for (const GeoDispResult& r : row) {
+                const Vec3<double>& p = r.GetPoint();
+                values.insert(values.end(),
+                              {p.x, p.y, p.z, r.GetXdisplacement(), r.GetYdisplacement(),
+                               r.GetZdisplacement(), r.GetMajorPrincipalStrain(),
+                               r.GetMinorPrincipalStrain(), r.GetPrincipalStrainAngle(),
+                               static_cast<double>(r.GetPointType()),
+                               static_cast<double>(r.GetPointGroup()),
+                               static_cast<double>(r.GetImportMatch()),
+                               r.Name().IsEmpty() ? 0.0 : 1.0});
+            }
+        }
+    }
+    f.WriteInt(jnFamily, which.first);
+    f.WriteInt(jnRecord, which.second);
+    f.WriteInt(jnStages, static_cast<int>(data.AllResults().size()));
+    f.WriteDoubleArray(jnSamples, values);
+}
+
+// A whole number from the results list, within [0, limit].
+size_t Count(CDataFile& f, double v, size_t limit, const char* what) {
+    if (!(v >= 0.0) || v != std::floor(v) || v > static_cast<double>(limit))
+        f.Fail(std::string("the results list holds ") + std::to_string(v) + " as the " + what +
+               " of a stage, which does not fit the list");
+    return static_cast<size_t>(v);
+}
+
+int SmallInt(CDataFile& f, double v, const char* what) {
+    if (v != std::floor(v) || std::fabs(v) > 1e9)
+        f.Fail(std::string("a sample's ") + what + " is " + std::to_string(v) +
+               ", which is not a whole number");
+    return static_cast<int>(v);
+}
+
+void ReadResults(ZorvoData& doc, CDataFile& f, int) {
+    int family = 0, number = 0, stages = 0;
+    f.ReadInt(jnFamily, family);
+    f.ReadInt(jnRecord, number);
+    f.ReadInt(jnStages, stages);
+    CDisplacementData* data = DisplacementRecord(doc, family, number);
+    if (!data)
+        f.Fail("results for record " + std::to_string(number) + " of family " +
+               std::to_string(family) + ", which the file does not define");
+    std::vector<double> v;
+    f.ReadDoubleArray(jnSamples, v);
+    if (stages < 0 || static_cast<size_t>(stages) > v.size() / 2)
+        f.Fail("the results claim " + std::to_string(stages) + " stages, more than the list holds");
+    std::vector<CDisplacementData::StageResults> all(static_cast<size_t>(stages));
+    size_t at = 0;
+    for (auto& stage : all) {
+        if (v.size() - at < 2)
+            f.Fail("the results list ends before all its stages");
+        const size_t left = (v.size() - at - 2) / kSampleValues;
+        const size_t first = Count(f, v[at], left, "first size");
+        const size_t second = Count(f, v[at + 1], first ? left / first : 0, "second size");
+        at += 2;
+        stage.assign(first, std::vector<GeoDispResult>(second));
+        for (auto& row : stage) {
+            for (GeoDispResult& r : row) {
+                const double* s = &v[at];
+                r.SetPoint({s[0], s[1], s[2]});
+                r.SetXdisplacement(s[3]);
+                r.SetYdisplacement(s[4]);
+                r.SetZdisplacement(s[5]);
+                r.SetMajorPrincipalStrain(s[6]);
+                r.SetMinorPrincipalStrain(s[7]);
+                r.SetPrincipalStrainAngle(s[8]);
+                r.SetPointType(static_cast<EPointType>(SmallInt(f, s[9], "point type")));
+                r.SetPointGroup(SmallInt(f, s[10], "point group"));
+                r.SetImportMatch(SmallInt(f, s[11], "import match"));
+                if (s[12] != 0.0)
+                    r.SetName(data->Name());
+                at += kSampleValues;
+            }
+        }
+    }
+    if (at != v.size())
+        f.Fail("the results list holds " + std::to_string(v.size() - at) +
+               " numbers more than its stages");
+    data->SetAllResults(std::move(all));
+}
+
+} // namespace
+
+ZorvoDataHelpers::ZorvoDataHelpers(ZorvoData& doc) {
+    auto add = [&](ZorvoDataFamily::SSpec spec) {
+        m_helpers.push_back(std::make_unique<ZorvoDataFamily>(doc, std::move(spec)));
+    };
+
+    // ZorvoDataHistory
+    add({10, L"File history", 9, [](const ZorvoData& d) { return d.GetHistory().NumRecord(); },
+         [](const ZorvoData& d, CDataFile& f, int n) { d.GetHistory().WriteRecord(f, n); },
+         [](ZorvoData& d, CDataFile& f, int) { d.AccessHistory().ReadRecord(f); }});
+    // ZorvoDataParameters: the general options and the titles.
+    add({202001, L"Parameters", 6, [](const ZorvoData&) { return 1; },
+         [](const ZorvoData& d, CDataFile& f, int) {
+             d.GetGeneral().Write(f);
+             d.GetTitles().Write(f);
+         },
+         [](ZorvoData& d, CDataFile& f, int g) {
+             d.AccessGeneral().Read(f, g);
+             d.AccessTitles().Read(f);
+         }});
+    // ZorvoDataDisplacementPoints, Lines, Polylines and Grids.
+    add({200011, L"Displacement Points", CDisplacementPoint::GetVersion(),
+         [](const ZorvoData& d) { return d.NumDisplacementPoints(false); },
+         [](const ZorvoData& d, CDataFile& f, int n) { d.GetDisplacementPoint(n).Write(f); },
+         [](ZorvoData& d, CDataFile& f, int g) {
+             CDisplacementPoint r;
+             r.Read(f, g);
+             d.SetDisplacementPoint(d.NumDisplacementPoints(false) + 1, r);
+         }});
+    add({200012, L"Displacement Lines", CDisplacementLine::GetVersion(),
+         [](const ZorvoData& d) { return d.NumDisplacementLines(false); },
+         [](const ZorvoData& d, CDataFile& f, int n) { d.GetDisplacementLine(n).Write(f); },
+         [](ZorvoData& d, CDataFile& f, int g) {
+             CDisplacementLine r;
+             r.Read(f, g);
+             d.SetDisplacementLine(d.NumDisplacementLines(false) + 1, r);
+         }});
+    add({200013, L"Displacement Polylines", CDisplacementPolyline::GetVersion(),
+         [](const ZorvoData& d) { return d.NumDisplacementPolylines(false); },
+         [](const ZorvoData& d, CDataFile& f, int n) { d.GetDisplacementPolyline(n).Write(f); },
+         [](ZorvoData& d, CDataFile& f, int g) {
+             CDisplacementPolyline r;
+             r.Read(f, g);
+             d.SetDisplacementPolyline(d.NumDisplacementPolylines(false) + 1, r);
+         }});
+    add({200014, L"Displacement Grids", CDisplacementGrid::GetVersion(),
+         [](const ZorvoData& d) { return d.NumDisplacementGrids(false); },
+         [](const ZorvoData& d, CDataFile& f, int n) { d.GetDisplacementGrid(n).Write(f); },
+         [](ZorvoData& d, CDataFile& f, int g) {
+             CDisplacementGrid r;
+             r.Read(f, g);
+             d.SetDisplacementGrid(d.NumDisplacementGrids(false) + 1, r);
+         }});
+    // ZorvoDataTunnels
+    add({202010, L"Tunnels", GeoTunnel::GetVersion(),
+         [](const ZorvoData& d) { return d.NumTunnels(); },
+         [](const ZorvoData& d, CDataFile& f, int n) { d.GetTunnel(n).Write(f); },
+         [](ZorvoData& d, CDataFile& f, int g) {
+             GeoTunnel r;
+             r.Read(f, g);
+             d.SetTunnel(d.NumTunnels() + 1, r);
+         }});
+    // ZorvoDataGraphicsSettings: whether smoothed results are shown.
+    add({202110, L"Graphic Settings", 1, [](const ZorvoData&) { return 1; },
+         [](const ZorvoData& d, CDataFile& f, int) {
+             f.WriteBool(jnSmoothedDisplay, d.GetGraphicSettings().GetSmoothed());
+         },
+         [](ZorvoData& d, CDataFile& f, int) {
+             bool on = d.GetGraphicSettings().GetSmoothed();
+             f.ReadBool(jnSmoothedDisplay, on, false);
+             d.AccessGraphicSettings().SetSmoothed(on);
+         }});
+    // ZorvoDataReentrantCornerOptions
+    add({202290, L"ReEntrantCornerOptions", 1, [](const ZorvoData&) { return 1; },
+         [](const ZorvoData& d, CDataFile& f, int) {
+             f.WriteBool(jnReEntrantCornerSmoothing,
+                         d.GetReEntrantCornerOptions().GetReEntrantCornerSmoothing());
+         },
+         [](ZorvoData& d, CDataFile& f, int) {
+             CReEntrantCornerOptions o = d.GetReEntrantCornerOptions();
+             bool on = o.GetReEntrantCornerSmoothing();
+             f.ReadBool(jnReEntrantCornerSmoothing, on, false);
+             o.SetReEntrantCornerSmoothing(on);
+             d.SetReEntrantCornerOptions(o);
+         }});
+    // ZorvoDataPolylines
+    add({202220, L"Polylines", 3, [](const ZorvoData& d) { return d.NumPolylines(); },
+         [](const ZorvoData& d, CDataFile& f, int n) { d.GetPolyline(n).Write(f); },
+         [](ZorvoData& d, CDataFile& f, int g) {
+             CPolylinePlus r;
+             r.Read(f, g);
+             d.SetPolyline(d.NumPolylines() + 1, r);
+         }});
+    // ZorvoDataStages
+    add({202240, L"Stages", 1, [](const ZorvoData& d) { return d.NumActualStages(false, false); },
+         [](const ZorvoData& d, CDataFile& f, int n) { d.GetStage(n).Write(f); },
+         [](ZorvoData& d, CDataFile& f, int g) {
+             CStage r;
+             r.Read(f, g);
+             d.SetStage(d.NumActualStages(false, false) + 1, r);
+         }});
+    // ZorvoDataStageProperties
+    add({202250, L"Stage Properties", 1, [](const ZorvoData& d) { return d.NumStageProperties(); },
+         [](const ZorvoData& d, CDataFile& f, int n) { d.GetStageProperty(n).Write(f); },
+         [](ZorvoData& d, CDataFile& f, int g) {
+             CStageProperty r;
+             r.Read(f, g);
+             d.SetStageProperty(d.NumStageProperties() + 1, r);
+         }});
+    // ZorvoDataResults: after every record it refers to.
+    add({202100, L"Results", CDisplacementGrid::GetVersion(),
+         [](const ZorvoData& d) { return static_cast<int>(RecordsWithResults(d).size()); },
+         WriteResults, ReadResults});
+}
+
+ZorvoDataElement* ZorvoDataHelpers::KeyFromHelpers(const CString& description) const {
+    for (const auto& h : m_helpers)
+        if (h->GetDataDescription() == description)
+            return h.get();
+    return nullptr;
+}
+
+} // namespace Tevra::FileIO
