@@ -26,7 +26,10 @@ class CBasicList {
     bool IsEmpty() const { return m_ranges.empty(); }
     // The highest number in the list; 0 for an empty list.
     int MaxItem(int limit = 0) const;
-    // Every number in order of the text, ranges expanded.
+    // The ranges (first, last inclusive) in order of the text; a single number is a
+    // range of one.
+    const std::vector<std::pair<int, int>>& Ranges() const { return m_ranges; }
+    // Every number in order of the text, ranges expanded: for short lists only.
     std::vector<int> Items() const;
 
     bool operator==(const CBasicList& o) const { return m_ranges == o.m_ranges; }

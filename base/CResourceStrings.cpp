@@ -12,10 +12,28 @@ struct Entry {
     const wchar_t* text;
 };
 
-// Kept in ascending order of number so that a lookup is a binary search.
+// By number; messages are looked up rarely, so the table is simply searched.
 const Entry kTable[] = {
+    {57, L"There should be at least a tunnel or an excavation or a set of imported "
+         L"displacements for the analysis to proceed."},
+    {58, L"There should be at least a mine or a set of imported displacements for the "
+         L"analysis to proceed."},
+    {190, L"Stage Properties %i has no value(s)."},
+    {199, L"Stage Property %i refers to Stage %i which is non-existent."},
+    {215, L"%s %i and %i have the same name."},
+    {396, L"Tunnel %i's volume loss is negative. Volume loss to generate ground movement "
+          L"towards a tunnel should be modelled using a positive value. Results should be "
+          L"treated with caution and verified."},
+    {353, L"Circular Excavation"},
+    {3558, L"Tunnel %i is vertical.  Vertical tunnels cannot be analysed."},
+    {3588, L"Stage: %s refers to Tunnel  %i which does not exist."},
+    {3589, L"Stage: %s refers to Polygonal Excavation %i which does not exist."},
+    {3590, L"Stage: %s refers to Circular Excavation %i which does not exist."},
+    {3673, L"Tunnel"},
     {3886, L"Base Model"},
+    {4072, L"Stage Property %i refers to %s %i, but only %i %s have been specified."},
     // Titles of the record families (49616, the first, has no text).
+    {31587, L"Checking for %s..."},
     {49617, L"Units"},
     {49618, L"Specification"},
     {49619, L"Polylines"},
@@ -50,9 +68,9 @@ const Entry kTable[] = {
 };
 
 const Entry* Find(int id) {
-    const auto it = std::lower_bound(std::begin(kTable), std::end(kTable), id,
-                                     [](const Entry& e, int key) { return e.id < key; });
-    return (it != std::end(kTable) && it->id == id) ? it : nullptr;
+    const auto it = std::find_if(std::begin(kTable), std::end(kTable),
+                                 [id](const Entry& e) { return e.id == id; });
+    return it != std::end(kTable) ? it : nullptr;
 }
 
 } // namespace

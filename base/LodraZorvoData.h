@@ -10,6 +10,9 @@
 #include "CPolylinePlus.h"
 #include "CTitles.h"
 
+#include <set>
+#include <vector>
+
 namespace Tevra::Data {
 
 // Display settings of the document that the calculation reads.
@@ -54,6 +57,31 @@ class LodraZorvoData : public BaseEntity {
     double GetDisplacementPolylineLength(int polyline) const;
     double GetDisplacementPolylineInterval(int polyline) const;
     double GetDisplacementLineLengthInPlan(int line) const;
+
+    // Any family: the displacement records in order points, lines, polylines, grids,
+    // numbered from 1 across them.
+    int NumDisplacementData() const;
+    const CDisplacementData& GetDisplacementData(int n) const;
+    // The family of a record of NumDisplacementData and its number within the family.
+    void GetDisplacementTypeIndex(int n, EPointType& type, int& index) const;
+    // Location l (1-based) of record index of a family; false outside its locations.
+    bool GetDisplacementLocation(EPointType type, int index, int l, Vec3<double>& p, bool) const;
+    // Numbers of the records of a surface type (calculated ones only with calcOnly).
+    void GetPointsOfSurfaceType(bool calcOnly, ESurfaceType t, std::set<int>& out) const;
+    void GetLinesOfSurfaceType(bool calcOnly, ESurfaceType t, std::set<int>& out) const;
+    void GetPolylinesOfSurfaceType(bool calcOnly, ESurfaceType t, std::set<int>& out) const;
+    void GetGridsOfSurfaceType(bool calcOnly, ESurfaceType t, std::set<int>& out) const;
+
+    // Checks of the displacement records: each fills the list and answers whether it
+    // added anything. Only records whose displacements are calculated are checked.
+    bool DisplacementPointErrors(std::vector<CString>& messages) const;
+    bool DisplacementLineErrors(std::vector<CString>& messages) const;
+    bool DisplacementPolylineErrors(std::vector<CString>& messages) const;
+    bool DisplacementGridErrors(std::vector<CString>& messages) const;
+    bool DisplacementPointWarnings(std::vector<CString>& messages) const;
+    bool DisplacementLineWarnings(std::vector<CString>& messages) const;
+    bool DisplacementPolylineWarnings(std::vector<CString>& messages) const;
+    bool DisplacementGridWarnings(std::vector<CString>& messages) const;
 
     const CTitles& GetTitles() const { return m_titles; }
     CTitles& AccessTitles() { return m_titles; }

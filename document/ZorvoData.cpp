@@ -251,6 +251,28 @@ ZorvoData::SLevels ZorvoData::GetLevelsForTunnelCalcs(int tunnel, int index,
                            z);
 }
 
+bool ZorvoData::WarningMairZOverZ0(int stage, int tunnel, const Vec3<double>& point) const {
+    const GeoTunnel& t = GetTunnel(tunnel);
+    const Vec2<double> local = LocalXYReTunnelFromGlobalXY({point.x, point.y}, t);
+    const SLevels levels = GetLevelsForTunnelCalcs(tunnel, stage, local, point.z);
+    const double D = GetTunnelDiameterInStage(tunnel, stage);
+    if (t.GetSubSurfaceMethod() != GeoTunnel::eMair)
+        return false;
+    // A level less a height, over the ground's height above the axis: the test as it
+    // has always been made.
+    if ((levels.groundLevel - levels.pointAboveAxis) / levels.groundAboveAxis > 0.8)
+        return true;
+    return D * 0.5 + levels.axisLevel > point.z; // below the crown
+}
+
+void ZorvoData::GetTunnelsOfSubSurfaceMethodAndSoil(GeoTunnel::ESubSurfaceMethod method,
+                                                    GeoTunnel::ESoilType soil,
+                                                    std::set<int>& out) const {
+    for (int t = 1; t <= NumTunnels(); ++t)
+        if (GetTunnel(t).GetSubSurfaceMethod() == method && GetTunnel(t).GetSoilType() == soil)
+            out.insert(t);
+}
+
 bool ZorvoData::operator==(const ZorvoData& o) const {
     return SameBase(o) && m_general == o.m_general && m_stages == o.m_stages &&
            m_stageProperties == o.m_stageProperties && m_tunnels == o.m_tunnels &&

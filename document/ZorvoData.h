@@ -9,6 +9,7 @@
 #include "document/EModuleID.h"
 #include "document/GeoZorvoGeneral.h"
 #include "sources/GeoTunnel.h"
+#include "validation/CCheckPass.h"
 
 #include <vector>
 
@@ -101,6 +102,30 @@ class ZorvoData : public LodraZorvoData {
     // y' to the left of it (metres).
     static Vec2<double> LocalXYReTunnelFromGlobalXY(const Vec2<double>& global,
                                                     const GeoTunnel& tunnel);
+
+    // ---- Checks before a run -------------------------------------------------------
+    // Each pass fills its list (cleared first) and answers whether it found anything;
+    // a pass stopped by the event sets cancelled and answers false.
+    bool GeneralErrors(std::vector<CString>& messages, bool& cancelled,
+                       const SCheckArgs& args = {}) const;
+    bool TunnelErrors(std::vector<CString>& messages, bool& cancelled,
+                      const SCheckArgs& args = {}) const;
+    bool TunnelWarnings(std::vector<CString>& messages, bool& cancelled,
+                        const SCheckArgs& args = {}) const;
+    bool StageErrors(std::vector<CString>& messages, bool& cancelled,
+                     const SCheckArgs& args = {}) const;
+    // Every error pass but the general one, each with a list of its own; does not stop
+    // at a finding.
+    bool ErrorsExist() const;
+    // Every warning pass.
+    bool WarningsExist() const;
+
+    // Whether a point lies outside the range of the Mair et al. sub-surface method for
+    // tunnel t in a stage: a z/zo ratio above 0.8, or below the tunnel's crown.
+    bool WarningMairZOverZ0(int stage, int tunnel, const Vec3<double>& point) const;
+    // Numbers of the tunnels with a sub-surface method in a soil.
+    void GetTunnelsOfSubSurfaceMethodAndSoil(GeoTunnel::ESubSurfaceMethod method,
+                                             GeoTunnel::ESoilType soil, std::set<int>& out) const;
 
     bool operator==(const ZorvoData& o) const;
     bool operator!=(const ZorvoData& o) const { return !(*this == o); }

@@ -1,19 +1,23 @@
 #pragma once
 
-#include "document/ZorvoData.h"
-
+#include <atomic>
 #include <ostream>
 #include <string>
 #include <vector>
 
 namespace Tevra {
 
-// The zorvo command: the arguments after the program name, results on out, progress
-// and messages on err. Answers the process exit status.
-int RunZorvo(const std::vector<std::string>& args, std::ostream& out, std::ostream& err);
-
-// The example project: a 6 m tunnel 20 m deep under a grid of surface points and a
-// line of points across it.
-Data::ZorvoData MakeExampleDocument();
+// The zorvo command: the arguments after the program name, results on out, progress,
+// warnings and errors on err. interrupt, when given, is set by the host's Ctrl-C handler
+// and cancels a run. Answers the process exit status: 0 done, 1 the project has errors
+// (or a run was cancelled), 2 a file cannot be read or written, or the command line is
+// wrong.
+//
+//   zorvo check FILE
+//   zorvo solve FILE [--output FILE] [--csv DIR] [--threads N]
+//   zorvo convert IN OUT
+//   zorvo info FILE
+int RunZorvo(const std::vector<std::string>& args, std::ostream& out, std::ostream& err,
+             const std::atomic<bool>* interrupt = nullptr);
 
 } // namespace Tevra

@@ -1,0 +1,179 @@
+#include "host/ZorvoHost.h"
+#include "modelfile/ZorvoModelFile.h"
+#include "solver/ZorvoSolver.h"
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <cstdio>
+#include <cstdlib>
+#include <fstream>
+#include <map>
+#include <sstream>
+#include <sys/wait.h>
+
+using namespace Tevra;
+using namespace Tevra::Data;
+
+namespace {
+
+const std::string kSource = ZORVO_SOURCE_DIR;
+const std::string kTwin = kSource + "/examples/twin-tunnels.json";
+
+struct Outcome {
+    int status;
+    std::string out;
+    std::string err;
+};
+
+Outcome Host(const std::vector<std::string>& args, const std::atomic<bool>* interrupt = nullptr) {
+    std::ostringstream out, err;
+    const int status = RunZorvo(args, out, err, interrupt);
+    return {status, out.str(), err.str()};
+}
+
+std::string ReadFile(const std::string& path) {
+    std::ifstream in(path, std::ios::binary);
+    std::ostringstream ss;
+    ss << in.rdbuf();
+    return ss.str();
+}
+
+std::string TempDir() {
+    char pattern[] = "/tmp/zorvo-host-XXXXXX";
+    return mkdtemp(pattern);
+}
+
+// Runs the built executable from the source directory; stdout and stderr into files.
+Outcome Executable(const std::string& args) {
+    const std::string dir = TempDir();
+    const std::string command = "cd '" + kSource + "' && '" + ZORVO_EXE + "' " + args + " > '" +
+                                dir + "/out' 2> '" + dir + "/err'";
+    const int raw = std::system(command.c_str());
+    Outcome r{WIFEXITED(raw) ? WEXITSTATUS(raw) : -1, ReadFile(dir + "/out"), ReadFile(dir + "/err")};
+    std::system(("rm -rf '" + dir + "'").c_str());
+    return r;
+}
+
+std::vector<std::string> SplitCsv(const std::string& line) {
+    std::vector<std::string> out;
+    std::string cur;
+    bool quoted = false;
+    for (char c : line) {
+        if (c == '"')
+            quoted = !quoted;
+        else if (c == ',' && !quoted) {
+            out.push_back(cur);
+            cur.clear();
+        } else
+            cur += c;
+    }
+    out.push_back(cur);
+    return out;
+}
+
+} // namespace
+
+TEST(Host, ExitStatusesAndMessages) {
+    EXPECT_EQ(Host({"check", kTwin}).status, 0);
+    const Outcome missing = Host({"info", "/nonexistent/project.json"});
+    EXPECT_EQ(missing.status, 2);
+    EXPECT_NE(missing.err.find("zorvo: /nonexistent/project.json: cannot open the file"),
+              std::string::npos);
+    EXPECT_EQ(Host({}).status, 2);
+    EXPECT_EQ(Host({"solve"}).status, 2);
+    EXPECT_EQ(Host({"solve", kTwin, "--threads", "0"}).status, 2);
+    EXPECT_EQ(Host({"--help"}).status, 0);
+
+    const Outcome bad = Host({"solve", kSource + "/tests/host/data/vertical-tunnel.json"});
+    EXPECT_EQ(bad.status, 1);
+    EXPECT_NE(bad.err.find("error: Tunnel 1 is vertical.  Vertical tunnels cannot be analysed."),
+              std::string::npos);
+    EXPECT_NE(bad.err.find("has errors; it is not solved"), std::string::npos);
+}
+
+TEST(Host, ConvertRoundTripsThroughBothForms) {
+    const std::string dir = TempDir();
+    ASSERT_EQ(Host({"convert", kTwin, dir + "/twin.zorvo"}).status, 0);
+    ASSERT_EQ(Host({"convert", dir + "/twin.zorvo", dir + "/twin.json"}).status, 0);
+    ZorvoData a, b;
+    FileIO::ZorvoModelFile::Load(kTwin, a);
+    FileIO::ZorvoModelFile::Load(dir + "/twin.json", b);
+    EXPECT_TRUE(a == b);
+    EXPECT_EQ(Host({"convert", kTwin, dir + "/twin.txt"}).status, 2);
+    std::system(("rm -rf '" + dir + "'").c_str());
+}
+
+TEST(Host, CancelledRunIsPartialAndNotSavedOverItsInput) {
+    const std::string dir = TempDir();
+    const std::string project = dir + "/twin.json";
+    ASSERT_EQ(Host({"convert", kTwin, project}).status, 0);
+    const std::string before = ReadFile(project);
+    const std::atomic<bool> interrupted{true};
+    const Outcome r = Host({"solve", project, "--output", project}, &interrupted);
+    EXPECT_EQ(r.status, 1);
+    EXPECT_NE(r.out.find("PARTIAL"), std::string::npos);
+    EXPECT_NE(r.err.find("not saved over"), std::string::npos);
+    EXPECT_EQ(ReadFile(project), before);
+    std::system(("rm -rf '" + dir + "'").c_str());
+}
+
+TEST(Host, GoldenOutputsOfTheExecutable) {
+    const Outcome info = Executable("info examples/twin-tunnels.json");
+    EXPECT_EQ(info.status, 0);
+    EXPECT_EQ(info.out, ReadFile(kSource + "/tests/host/golden/info-twin-tunnels.txt"));
+
+    const Outcome check = Executable("check tests/host/data/vertical-tunnel.json");
+    EXPECT_EQ(check.status, 1);
+    EXPECT_EQ(check.out, ReadFile(kSource + "/tests/host/golden/check-vertical-tunnel.out"));
+    EXPECT_EQ(check.err, ReadFile(kSource + "/tests/host/golden/check-vertical-tunnel.err"));
+}
+
+// The tables the executable writes hold the library's own results, sample by sample.
+TEST(Host, CsvTablesMatchTheLibrary) {
+    const std::string dir = TempDir();
+    const Outcome solve = Executable("solve examples/twin-tunnels.json --threads 2 --csv '" + dir + "'");
+    ASSERT_EQ(solve.status, 0) << solve.err;
+
+    ZorvoData doc;
+    FileIO::ZorvoModelFile::Load(kTwin, doc);
+    CLodraZorvoPrefData prefs;
+    ZorvoSolver solver(&doc, &prefs, nullptr, {});
+    ASSERT_TRUE(solver.Solve());
+
+    const struct {
+        const char* file;
+        const CDisplacementData& record;
+    } tables[] = {{"lines.csv", doc.GetDisplacementLine(1)},
+                  {"polylines.csv", doc.GetDisplacementPolyline(1)},
+                  {"grids.csv", doc.GetDisplacementGrid(1)}};
+    for (const auto& t : tables) {
+        std::istringstream in(ReadFile(dir + "/" + t.file));
+        std::string line;
+        std::getline(in, line);
+        EXPECT_EQ(SplitCsv(line).size(), 15u);
+        size_t rows = 0;
+        while (std::getline(in, line)) {
+            const auto f = SplitCsv(line);
+            ASSERT_EQ(f.size(), 15u) << line;
+            EXPECT_EQ(f[0], "0");
+            EXPECT_EQ(f[1], "Base Model");
+            const GeoDispResult& r =
+                t.record.GetResultFromPosition(0, std::stoi(f[4]), std::stoi(f[5]));
+            EXPECT_EQ(f[3], r.Name().ToUtf8());
+            EXPECT_NEAR(std::stod(f[6]), r.GetPoint().x, 5e-5);
+            EXPECT_NEAR(std::stod(f[7]), r.GetPoint().y, 5e-5);
+            EXPECT_NEAR(std::stod(f[9]), r.GetXdisplacement() * 1000.0, 5e-7);
+            EXPECT_NEAR(std::stod(f[10]), r.GetYdisplacement() * 1000.0, 5e-7);
+            EXPECT_NEAR(std::stod(f[11]), r.GetZdisplacement() * 1000.0, 5e-7);
+            EXPECT_NEAR(std::stod(f[12]), r.GetMajorPrincipalStrain(),
+                        1e-8 * std::fabs(r.GetMajorPrincipalStrain()) + 1e-15);
+            ++rows;
+        }
+        size_t samples = 0;
+        for (const auto& row : t.record.GetResults(0))
+            samples += row.size();
+        EXPECT_EQ(rows, samples) << t.file;
+    }
+    std::system(("rm -rf '" + dir + "'").c_str());
+}
