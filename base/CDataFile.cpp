@@ -3,6 +3,9 @@
 #include "JsonNameID.h"
 
 #include <rapidjson/document.h>
+#include <rapidjson/encodedstream.h>
+#include <rapidjson/memorystream.h>
+#include <rapidjson/reader.h>
 #include <rapidjson/error/en.h>
 #include <rapidjson/prettywriter.h>
 #include <rapidjson/stringbuffer.h>
@@ -10,6 +13,7 @@
 #include <cerrno>
 #include <cmath>
 #include <cstdio>
+#include <cstdlib>
 #include <cstring>
 #include <fcntl.h>
 #include <fstream>
@@ -84,6 +88,47 @@ bool JsonNumber(const rapidjson::Value& v, double& out) {
     return true;
 }
 
+// Builds the document from the parser's events with every number converted by the C
+// library, which rounds correctly: a double written out comes back bit for bit.
+struct ExactNumbers {
+    rapidjson::Document& d;
+    std::string badNumber; // a number that no double holds
+
+    bool Null() { return d.Null(); }
+    bool Bool(bool b) { return d.Bool(b); }
+    bool Int(int i) { return d.Int(i); }
+    bool Uint(unsigned u) { return d.Uint(u); }
+    bool Int64(int64_t i) { return d.Int64(i); }
+    bool Uint64(uint64_t u) { return d.Uint64(u); }
+    bool Double(double v) { return d.Double(v); }
+    bool String(const char* s, rapidjson::SizeType n, bool copy) { return d.String(s, n, copy); }
+    bool StartObject() { return d.StartObject(); }
+    bool Key(const char* s, rapidjson::SizeType n, bool copy) { return d.Key(s, n, copy); }
+    bool EndObject(rapidjson::SizeType members) { return d.EndObject(members); }
+    bool StartArray() { return d.StartArray(); }
+    bool EndArray(rapidjson::SizeType elements) { return d.EndArray(elements); }
+    bool RawNumber(const char* s, rapidjson::SizeType n, bool) {
+        const std::string text(s, n);
+        errno = 0;
+        if (text.find_first_of(".eE") == std::string::npos) {
+            char* end = nullptr;
+            const long long v = std::strtoll(text.c_str(), &end, 10);
+            if (errno == 0 && *end == '\0') {
+                if (v >= std::numeric_limits<int>::min() && v <= std::numeric_limits<int>::max())
+                    return d.Int(static_cast<int>(v));
+                return d.Int64(v);
+            }
+            errno = 0;
+        }
+        const double v = std::strtod(text.c_str(), nullptr);
+        if (errno == ERANGE && std::isinf(v)) {
+            badNumber = text;
+            return false;
+        }
+        return d.Double(v);
+    }
+};
+
 } // namespace
 
 struct CDataFile::Json {
@@ -133,10 +178,21 @@ CDataFile CDataFile::FromBytes(const std::string& bytes, const std::string& name
     f.m_form = eJson;
     f.m_json = std::make_unique<Json>();
     rapidjson::Document& doc = f.m_json->doc;
-    doc.Parse<rapidjson::kParseFullPrecisionFlag>(bytes.data(),
-                                                                                 bytes.size());
-    if (doc.HasParseError()) {
-        const size_t offset = doc.GetErrorOffset();
+    rapidjson::MemoryStream memory(bytes.data(), bytes.size());
+    rapidjson::EncodedInputStream<rapidjson::UTF8<>, rapidjson::MemoryStream> input(memory);
+    rapidjson::Reader reader;
+    rapidjson::ParseResult result;
+    std::string badNumber;
+    auto parse = [&](rapidjson::Document& d) {
+        ExactNumbers handler{d, {}};
+        result = reader.Parse<rapidjson::kParseNumbersAsStringsFlag |
+                              rapidjson::kParseValidateEncodingFlag>(input, handler);
+        badNumber = handler.badNumber;
+        return !result.IsError();
+    };
+    doc.Populate(parse);
+    if (result.IsError()) {
+        const size_t offset = result.Offset();
         size_t line = 1, column = 1;
         for (size_t i = 0; i < offset && i < bytes.size(); ++i) {
             if (bytes[i] == '\n') {
@@ -146,9 +202,11 @@ CDataFile CDataFile::FromBytes(const std::string& bytes, const std::string& name
                 ++column;
             }
         }
+        const std::string why = badNumber.empty()
+                                    ? std::string(rapidjson::GetParseError_En(result.Code()))
+                                    : "the number " + badNumber + " is too large";
         throw CDataFileError(name + ": line " + std::to_string(line) + ", column " +
-                             std::to_string(column) + ": not valid JSON: " +
-                             rapidjson::GetParseError_En(doc.GetParseError()));
+                             std::to_string(column) + ": not valid JSON: " + why);
     }
     if (!doc.IsObject())
         throw CDataFileError(name + ": the file is neither a binary model file nor a JSON object");
