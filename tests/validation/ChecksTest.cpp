@@ -1,0 +1,258 @@
+#include "document/ZorvoData.h"
+
+#include <gtest/gtest.h>
+
+using namespace Tevra;
+using namespace Tevra::Data;
+
+namespace {
+
+GeoTunnel Tunnel(const wchar_t* name, double x1, double y1, double x2, double y2) {
+    GeoTunnel t;
+    t.SetName(name);
+    t.SetXCentreLine1(x1);
+    t.SetYCentreLine1(y1);
+    t.SetXCentreLine2(x2);
+    t.SetYCentreLine2(y2);
+    t.SetZCentreLine1(80.0);
+    t.SetZCentreLine2(80.0);
+    return t;
+}
+
+struct RecordingWindow : CMessageWindow {
+    std::vector<std::pair<unsigned, long long>> sent;
+    void SendMessageW(unsigned int message, long long, long long lParam) override {
+        sent.emplace_back(message, lParam);
+    }
+};
+
+struct RecordingDialog : CDlgProgress {
+    CString text;
+    void SetMessage(const CString& t) override { text = t; }
+};
+
+} // namespace
+
+TEST(GeneralErrors, NeedsASourceOfMovement) {
+    ZorvoData doc;
+    std::vector<CString> m;
+    bool cancelled = false;
+    EXPECT_TRUE(doc.GeneralErrors(m, cancelled));
+    ASSERT_EQ(m.size(), 1u);
+    EXPECT_EQ(m[0], CString(L"There should be at least a tunnel or an excavation or a set of "
+                            L"imported displacements for the analysis to proceed."));
+
+    GeoZorvoGeneral mine;
+    mine.SetProblemType(eMine);
+    doc.SetGeneral(mine);
+    doc.SetTunnel(1, GeoTunnel()); // tunnels do not count in a mine analysis
+    EXPECT_TRUE(doc.GeneralErrors(m, cancelled));
+    EXPECT_EQ(m[0], CString(L"There should be at least a mine or a set of imported "
+                            L"displacements for the analysis to proceed."));
+
+    doc.SetGeneral(GeoZorvoGeneral());
+    EXPECT_FALSE(doc.GeneralErrors(m, cancelled));
+    EXPECT_TRUE(m.empty());
+}
+
+TEST(TunnelErrors, VerticalBelowAMillimetreOfPlanLength) {
+    ZorvoData doc;
+    doc.SetTunnel(1, Tunnel(L"A", 0.0, 0.0, 0.0009, 0.0));
+    doc.SetTunnel(2, Tunnel(L"B", 0.0, 0.0, 0.001, 0.0));
+    doc.SetTunnel(3, Tunnel(L"C", 5.0, 5.0, 5.0, 5.0));
+    std::vector<CString> m;
+    bool cancelled = false;
+    EXPECT_TRUE(doc.TunnelErrors(m, cancelled));
+    ASSERT_EQ(m.size(), 2u);
+    EXPECT_EQ(m[0], CString(L"Tunnel 1 is vertical.  Vertical tunnels cannot be analysed."));
+    EXPECT_EQ(m[1], CString(L"Tunnel 3 is vertical.  Vertical tunnels cannot be analysed."));
+}
+
+TEST(CheckPass, FrameTellsDialogWindowAndStopsOnTheEvent) {
+    ZorvoData doc;
+    doc.SetTunnel(1, Tunnel(L"A", 0.0, 0.0, 0.0, 0.0));
+    doc.SetTunnel(2, Tunnel(L"B", 0.0, 0.0, 0.0, 0.0));
+    RecordingWindow window;
+    RecordingDialog dialog;
+    CEvent event;
+    SCheckArgs args{&dialog, &window, 1234u, &event};
+    std::vector<CString> m{L"left over from before"};
+    bool cancelled = false;
+    EXPECT_TRUE(doc.TunnelErrors(m, cancelled, args));
+    EXPECT_FALSE(cancelled);
+    EXPECT_EQ(m.size(), 2u);
+    EXPECT_EQ(dialog.text, CString(L"Checking for errors..."));
+    ASSERT_EQ(window.sent.size(), 2u);
+    EXPECT_EQ(window.sent[0], std::make_pair(1234u, 0LL));
+    EXPECT_EQ(window.sent[1], std::make_pair(1234u, 7LL)); // the tunnel errors' code
+
+    // Nothing found: one message only.
+    window.sent.clear();
+    ZorvoData clean;
+    clean.SetTunnel(1, Tunnel(L"A", 0.0, 0.0, 10.0, 0.0));
+    EXPECT_FALSE(clean.TunnelErrors(m, cancelled, args));
+    EXPECT_EQ(window.sent.size(), 1u);
+
+    // A signalled event stops the pass: false, cancelled, and no end messages.
+    window.sent.clear();
+    event.SetEvent();
+    EXPECT_FALSE(doc.TunnelErrors(m, cancelled, args));
+    EXPECT_TRUE(cancelled);
+    EXPECT_TRUE(window.sent.empty());
+}
+
+TEST(TunnelWarnings, NegativeLossAndSameNames) {
+    ZorvoData doc;
+    // 27 tunnels with one name: 351 pairs, of which 25 are listed before the closing note.
+    for (int t = 1; t <= 27; ++t)
+        doc.SetTunnel(t, Tunnel(L"Twin", 0.0, t, 100.0, t));
+    GeoTunnel negative = doc.GetTunnel(2);
+    negative.SetPercentLoss(-0.5);
+    doc.SetTunnel(2, negative);
+    doc.SetTunnel(28, Tunnel(L"twin", 0.0, 0.0, 100.0, 0.0)); // case differs: not a pair
+
+    std::vector<CString> m;
+    bool cancelled = false;
+    EXPECT_TRUE(doc.TunnelWarnings(m, cancelled));
+    ASSERT_EQ(m.size(), 1u + 25u + 1u);
+    EXPECT_EQ(m[0], CString(L"Tunnel 2's volume loss is negative. Volume loss to generate ground "
+                            L"movement towards a tunnel should be modelled using a positive "
+                            L"value. Results should be treated with caution and verified."));
+    EXPECT_EQ(m[1], CString(L"Tunnel 1 and 2 have the same name."));
+    EXPECT_EQ(m[25], CString(L"Tunnel 1 and 26 have the same name."));
+    EXPECT_EQ(m[26], CString(L"There may be other pairs of tunnels with identical names. Only 25 "
+                             L"are listed here."));
+}
+
+TEST(TunnelWarnings, SubSurfaceMethodMessages) {
+    struct Case {
+        GeoTunnel::ESubSurfaceMethod method;
+        GeoTunnel::ESoilType soil;
+        const wchar_t* expected; // null: no sub-surface message
+    };
+    const Case cases[] = {
+        {GeoTunnel::eNewAndBowers, GeoTunnel::eCohesive, nullptr},
+        {GeoTunnel::eMair, GeoTunnel::eCohesive,
+         L"At least one set of displacement data is of type 'Sub-surface'. At least one tunnel "
+         L"uses the 'Mair et al' sub-surface displacement method. The 'Mair et al' method has "
+         L"been derived for calculating sub-surface settlements in cohesive soil. Horizontal "
+         L"displacement results should be treated with caution. "},
+        {GeoTunnel::eMair, GeoTunnel::eGranular,
+         L"At least one set of displacement data is of type 'Sub-surface'. At least one tunnel "
+         L"uses the 'Mair et al' sub-surface displacement method. In addition, at least one "
+         L"tunnel lies in granular soil. The 'Mair et al' method has been derived for "
+         L"calculating sub-surface settlements in cohesive soil. Results should be treated with "
+         L"caution. "},
+        {GeoTunnel::eNewAndBowers, GeoTunnel::eGranular,
+         L"At least one set of displacement data is of type 'Sub-surface'. At least one tunnel "
+         L"uses the 'New and Bowers' sub-surface displacement method and lies in granular soil. "
+         L"Results should be treated with caution. "},
+    };
+    for (const Case& c : cases) {
+        ZorvoData doc;
+        GeoTunnel t = Tunnel(L"T", 0.0, 0.0, 100.0, 0.0);
+        t.SetSubSurfaceMethod(c.method);
+        t.SetSoilType(c.soil);
+        doc.SetTunnel(1, t);
+        // A sub-surface line beside the tunnel; the z/zo message that may follow is the
+        // subject of the next test.
+        CDisplacementLine line;
+        line.SetSurfaceType(eSubSurface);
+        line.SetPoint1({0.0, 30.0, 99.0});
+        line.SetPoint2({10.0, 30.0, 99.0});
+        doc.SetDisplacementLine(1, line);
+        std::vector<CString> m;
+        bool cancelled = false;
+        doc.TunnelWarnings(m, cancelled);
+        if (!c.expected) {
+            EXPECT_TRUE(m.empty());
+            continue;
+        }
+        ASSERT_GE(m.size(), 1u);
+        EXPECT_EQ(m[0], CString(c.expected));
+    }
+}
+
+TEST(TunnelWarnings, MairZOverZ0IsReportedOnceForTheFirstExample) {
+    ZorvoData doc;
+    GeoTunnel t = Tunnel(L"T", 0.0, 0.0, 100.0, 0.0); // axis 80, ground 100: z0 = 20
+    t.SetSubSurfaceMethod(GeoTunnel::eMair);
+    doc.SetTunnel(1, t);
+    t.SetName(L"U");
+    doc.SetTunnel(2, t);
+    // Ground 100 less h: for a point at 95, h = 15 and (100 - 15) / 20 = 4.25 > 0.8.
+    CDisplacementPoint p;
+    p.SetSurfaceType(eSubSurface);
+    p.SetPoint({50.0, 5.0, 95.0});
+    doc.SetDisplacementPoint(1, p);
+    doc.SetDisplacementPoint(2, p);
+    std::vector<CString> m;
+    bool cancelled = false;
+    EXPECT_TRUE(doc.TunnelWarnings(m, cancelled));
+    ASSERT_EQ(m.size(), 2u);
+    EXPECT_EQ(m[1], CString(L"The appropriateness of results should be checked where the 'Mair "
+                            L"et al' sub-surface displacement method has been used and "
+                            L"displacement data are below the crown of the tunnel or give z/zo "
+                            L"ratios that are greater than 0.8.  An example is Tunnel 1 and "
+                            L"Displacement Data 1.  There may be others."));
+}
+
+TEST(StageErrors, ReferencesThatDoNotExist) {
+    ZorvoData doc;
+    doc.SetTunnel(1, Tunnel(L"T", 0.0, 0.0, 100.0, 0.0));
+    CStage stage;
+    stage.SetName(L"Drive");
+    CBasicList l;
+    ASSERT_TRUE(l.SetString(L"1 -2 -3 2 to 4", 0));
+    stage.SetTunnels(l);
+    ASSERT_TRUE(l.SetString(L"1", 0));
+    stage.SetPolygonalExcavations(l);
+    doc.SetStage(1, stage);
+
+    CStageProperty sp;
+    sp.SetStage(3);
+    ASSERT_TRUE(l.SetString(L"1 to 2", 0));
+    sp.SetRefs(l);
+    doc.SetStageProperty(1, sp);
+
+    std::vector<CString> m;
+    bool cancelled = false;
+    EXPECT_TRUE(doc.StageErrors(m, cancelled));
+    ASSERT_EQ(m.size(), 5u);
+    EXPECT_EQ(m[0], CString(L"Stage: Drive refers to Tunnel  2 which does not exist."));
+    EXPECT_EQ(m[1], CString(L"Stage: Drive refers to Polygonal Excavation 1 which does not exist."));
+    EXPECT_EQ(m[2], CString(L"Stage Property 1 refers to Stage 3 which is non-existent."));
+    EXPECT_EQ(m[3], CString(L"Stage Properties 1 has no value(s)."));
+    EXPECT_EQ(m[4], CString(L"Stage Property 1 refers to Tunnel 2, but only 1 Tunnels have been "
+                            L"specified."));
+}
+
+TEST(DisplacementChecks, RecordsWithoutExtentOrReference) {
+    ZorvoData doc;
+    CDisplacementLine line;
+    line.SetPoint2(line.GetPoint1());
+    line.SetIntervalsAlongLine(0);
+    doc.SetDisplacementLine(1, line);
+    CDisplacementPolyline dp;
+    dp.SetPolyline(4);
+    doc.SetDisplacementPolyline(1, dp);
+    CDisplacementGrid grid;
+    grid.SetExtrusionDistance(0.0);
+    doc.SetDisplacementGrid(1, grid);
+    CDisplacementGrid off = grid; // not calculated: not checked, but warned of
+    off.SetCalculate(false);
+    doc.SetDisplacementGrid(2, off);
+
+    std::vector<CString> m;
+    EXPECT_TRUE(doc.DisplacementLineErrors(m));
+    EXPECT_EQ(m, (std::vector<CString>{L"Displacement Line 1 has zero length.",
+                                       L"Displacement Line 1 needs at least one interval."}));
+    EXPECT_TRUE(doc.DisplacementPolylineErrors(m));
+    EXPECT_EQ(m, (std::vector<CString>{
+                     L"Displacement Polyline 1 refers to Polyline 4, which does not exist."}));
+    EXPECT_TRUE(doc.DisplacementGridErrors(m));
+    EXPECT_EQ(m.size(), 1u);
+    EXPECT_TRUE(doc.DisplacementGridWarnings(m));
+    EXPECT_EQ(m, (std::vector<CString>{L"Displacements are not calculated for Displacement Grid 2."}));
+    EXPECT_TRUE(doc.ErrorsExist());
+}
