@@ -367,3 +367,14 @@ TEST(ModelFile, SaveReplacesOnlyWhenComplete) {
     rmdir(blocked.c_str());
     rmdir(dir.c_str());
 }
+
+// Found by fuzzing: a name with a lone surrogate escape loaded, but was written back as
+// bytes that are not UTF-8, so the saved file could not be read again.
+TEST(ModelFile, NamesWithNoCharactersStillRoundTrip) {
+    CDataFile in = CDataFile::FromBytes(
+        TunnelJson(std::string(kMinimalTunnel) + R"(, "name": "A\udc00B")"), "s.json");
+    ZorvoData doc;
+    ZorvoModelFile::Read(in, doc, nullptr);
+    EXPECT_EQ(doc.GetTunnel(1).GetName(), CString(L"A\uFFFDB"));
+    EXPECT_TRUE(RoundTrip(doc, CDataFile::eJson) == doc);
+}
