@@ -59,12 +59,13 @@ bool ZorvoSolver::CheckCancel() {
 bool ZorvoSolver::LoopCancelled() {
     if (m_cancelled.load(std::memory_order_relaxed))
         return true;
-    if (!m_cancel) {
-        m_cancelled.store(false, std::memory_order_relaxed);
+    if (!m_cancel)
         return false;
-    }
+    // Only a stop is stored: a thread whose test answered false a moment later must not
+    // undo the stop another thread has just seen.
     const bool stop = m_cancel();
-    m_cancelled.store(stop, std::memory_order_relaxed);
+    if (stop)
+        m_cancelled.store(true, std::memory_order_relaxed);
     return stop;
 }
 
