@@ -681,18 +681,22 @@ const rapidjson::Value* FindField(const rapidjson::Value& obj, int name) {
 
 } // namespace
 
+const void* CDataFile::JsonField(int name, bool required) const {
+    const rapidjson::Value* v = FindField(*m_json->stack.back().first, name);
+    if (!v && required)
+        Fail(std::string("missing member ") + Quote(Member(name)));
+    return v;
+}
+
 bool CDataFile::ReadInt(int name, int& value, bool required) {
     if (!IsJson()) {
         ExpectTag(kTagInt, name);
         value = GetI32();
         return true;
     }
-    const rapidjson::Value* v = FindField(*m_json->stack.back().first, name);
-    if (!v) {
-        if (required)
-            Fail(std::string("missing member ") + Quote(Member(name)));
+    const auto* v = static_cast<const rapidjson::Value*>(JsonField(name, required));
+    if (!v)
         return false;
-    }
     if (!v->IsInt())
         Fail(Quote(Member(name)) + " should be an integer, not " + JsonTypeName(*v));
     value = v->GetInt();
@@ -705,12 +709,9 @@ bool CDataFile::ReadDouble(int name, double& value, bool required) {
         value = GetF64();
         return true;
     }
-    const rapidjson::Value* v = FindField(*m_json->stack.back().first, name);
-    if (!v) {
-        if (required)
-            Fail(std::string("missing member ") + Quote(Member(name)));
+    const auto* v = static_cast<const rapidjson::Value*>(JsonField(name, required));
+    if (!v)
         return false;
-    }
     if (!JsonNumber(*v, value))
         Fail(Quote(Member(name)) + " should be a number, not " + JsonTypeName(*v));
     return true;
@@ -726,12 +727,9 @@ bool CDataFile::ReadBool(int name, bool& value, bool required) {
         value = b == 1;
         return true;
     }
-    const rapidjson::Value* v = FindField(*m_json->stack.back().first, name);
-    if (!v) {
-        if (required)
-            Fail(std::string("missing member ") + Quote(Member(name)));
+    const auto* v = static_cast<const rapidjson::Value*>(JsonField(name, required));
+    if (!v)
         return false;
-    }
     if (v->IsBool()) {
         value = v->GetBool();
         return true;
@@ -753,12 +751,9 @@ bool CDataFile::ReadString(int name, CString& value, bool required) {
         value = CString::FromUtf8(GetStringBytes("the end of a text"));
         return true;
     }
-    const rapidjson::Value* v = FindField(*m_json->stack.back().first, name);
-    if (!v) {
-        if (required)
-            Fail(std::string("missing member ") + Quote(Member(name)));
+    const auto* v = static_cast<const rapidjson::Value*>(JsonField(name, required));
+    if (!v)
         return false;
-    }
     if (!v->IsString())
         Fail(Quote(Member(name)) + " should be a text, not " + JsonTypeName(*v));
     value = CString::FromUtf8(std::string(v->GetString(), v->GetStringLength()));
@@ -776,12 +771,9 @@ bool CDataFile::ReadDoubleArray(int name, std::vector<double>& values, bool requ
             values[k] = GetF64();
         return true;
     }
-    const rapidjson::Value* v = FindField(*m_json->stack.back().first, name);
-    if (!v) {
-        if (required)
-            Fail(std::string("missing member ") + Quote(Member(name)));
+    const auto* v = static_cast<const rapidjson::Value*>(JsonField(name, required));
+    if (!v)
         return false;
-    }
     if (!v->IsArray())
         Fail(Quote(Member(name)) + " should be an array of numbers, not " + JsonTypeName(*v));
     std::vector<double> out;

@@ -116,6 +116,9 @@ class CDataFile {
     std::string GetStringBytes(const char* what);
     void ExpectTag(uint8_t tag, int name);
     std::string Where() const;
+    // The member of the current JSON object (a rapidjson value), or null when an optional
+    // one is absent; an absent required member is a fault.
+    const void* JsonField(int name, bool required) const;
 
     EForm m_form = eBinary;
     std::string m_name;

@@ -2,6 +2,7 @@
 
 #include "base/CDataFile.h"
 #include "base/JsonNameID.h"
+#include "base/Vec3IO.h"
 
 #include <algorithm>
 #include <cmath>
@@ -120,16 +121,8 @@ void GeoTunnel::Write(FileIO::CDataFile& f) const {
     using namespace FileIO;
     if (f.IsJson()) {
         f.BeginObject(jnCentreLine);
-        f.BeginObject(jnCentreLineStart);
-        f.WriteDouble(jnX, m_x1);
-        f.WriteDouble(jnY, m_y1);
-        f.WriteDouble(jnZ, m_z1);
-        f.EndObject();
-        f.BeginObject(jnCentreLineEnd);
-        f.WriteDouble(jnX, m_x2);
-        f.WriteDouble(jnY, m_y2);
-        f.WriteDouble(jnZ, m_z2);
-        f.EndObject();
+        WritePoint(f, jnCentreLineStart, {m_x1, m_y1, m_z1});
+        WritePoint(f, jnCentreLineEnd, {m_x2, m_y2, m_z2});
         f.EndObject();
         f.WriteDoubleArray(jnSoilInterfaceLevels, {m_interface1, m_interface2});
         f.WriteDoubleArray(jnGroundLevels, {m_ground1, m_ground2});
@@ -168,17 +161,12 @@ void GeoTunnel::Read(FileIO::CDataFile& f, int) {
     int der[2] = {m_kDerivation[0], m_kDerivation[1]};
     if (f.IsJson()) {
         f.EnterObject(jnCentreLine);
-        f.EnterObject(jnCentreLineStart);
-        f.ReadDouble(jnX, m_x1);
-        f.ReadDouble(jnY, m_y1);
-        f.ReadDouble(jnZ, m_z1);
+        Vec3<double> start, end;
+        ReadPoint(f, jnCentreLineStart, start);
+        ReadPoint(f, jnCentreLineEnd, end);
         f.LeaveObject();
-        f.EnterObject(jnCentreLineEnd);
-        f.ReadDouble(jnX, m_x2);
-        f.ReadDouble(jnY, m_y2);
-        f.ReadDouble(jnZ, m_z2);
-        f.LeaveObject();
-        f.LeaveObject();
+        m_x1 = start.x, m_y1 = start.y, m_z1 = start.z;
+        m_x2 = end.x, m_y2 = end.y, m_z2 = end.z;
         auto pair = [&](int name, double& a, double& b) {
             std::vector<double> v;
             if (!f.ReadDoubleArray(name, v, false))
