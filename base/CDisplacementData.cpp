@@ -18,8 +18,11 @@ ESurfaceType GetSurfaceTypeFromCStr(const CString& text) {
 void CDisplacementData::ResizeResults(int numStages) {
     const size_t first = static_cast<size_t>(std::max(NumFirstPositions(), 0));
     const size_t second = static_cast<size_t>(std::max(NumSecondPositions(), 0));
-    m_results.assign(static_cast<size_t>(std::max(numStages, 0)),
-                     StageResults(first, std::vector<GeoDispResult>(second)));
+    // Each stage sized in place: no second copy of a large store is ever held.
+    m_results.clear();
+    m_results.resize(static_cast<size_t>(std::max(numStages, 0)));
+    for (StageResults& stage : m_results)
+        stage.assign(first, std::vector<GeoDispResult>(second));
 }
 
 bool CDisplacementData::ResultsExist(int stage) const {
