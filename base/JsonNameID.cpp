@@ -6,6 +6,8 @@ const char* JsonName(int id) {
     switch (id) {
     case jnCentreLine: return "centreLine";
     case jnCircularExcavations: return "circularExcavations";
+    case jnAnglesOfDraw: return "anglesOfDraw";
+    case jnPlanEnd: return "end";
     case jnCentreLineEnd: return "end";
     case jnGeneral: return "general";
     case jnImportedDisplacementSets: return "importedDisplacementSets";
@@ -14,6 +16,7 @@ const char* JsonName(int id) {
     case jnProblemType: return "problemType";
     case jnStage: return "stage";
     case jnStageProperty: return "stageProperty";
+    case jnPlanStart: return "start";
     case jnCentreLineStart: return "start";
     case jnTunnel: return "tunnel";
     case jnTunnels: return "tunnels";
@@ -81,8 +84,8 @@ const char* JsonName(int id) {
     case jnPanelWidth: return "panelWidth";
     case jnLowerStratumThickness: return "lowerStratumThickness";
     case jnUpperStratumThickness: return "upperStratumThickness";
-    case jnLowerAngleOfDraw: return "lowerAngleOfDraw";
-    case jnUpperAngleOfDraw: return "upperAngleOfDraw";
+    case jnLower: return "lower";
+    case jnUpper: return "upper";
     }
     return nullptr;
 }

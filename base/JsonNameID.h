@@ -8,6 +8,8 @@ enum EJsonNameID : int {
     // Records and their nested objects.
     jnCentreLine = 124,
     jnCircularExcavations = 131,
+    jnAnglesOfDraw = 272,
+    jnPlanEnd = 312,
     jnCentreLineEnd = 313,
     jnGeneral = 885,
     jnImportedDisplacementSets = 976,
@@ -16,6 +18,7 @@ enum EJsonNameID : int {
     jnProblemType = 1423,
     jnStage = 1618,
     jnStageProperty = 1621,
+    jnPlanStart = 1625,
     jnCentreLineStart = 1627,
     jnTunnel = 1719,
     jnTunnels = 1721,
@@ -85,8 +88,8 @@ enum EJsonNameID : int {
     jnPanelWidth,
     jnLowerStratumThickness,
     jnUpperStratumThickness,
-    jnLowerAngleOfDraw,
-    jnUpperAngleOfDraw,
+    jnLower,
+    jnUpper,
 };
 
 // The member name of a storage name; null for a number that has none.

@@ -34,6 +34,8 @@ int ZorvoData::NumRecord(int module) const {
         return NumDisplacementGrids(false);
     case eModuleTunnels:
         return NumTunnels();
+    case eModuleMines:
+        return NumMines();
     case eModuleStages:
         return m_stages.Num();
     case eModuleStageProperties:
@@ -192,13 +194,29 @@ bool ZorvoData::IsTunnelInStage(int tunnel, int index) const {
 }
 
 double ZorvoData::GetTunnelDiameterInStage(int tunnel, int index) const {
-    double d = IsTunnelInStage(tunnel, index) ? GetTunnel(tunnel).GetDiameter() : 0.0;
+    return GetStageDependentProperty(index, eElementTunnel, tunnel, eTunnelDiameter, 1);
+}
+
+double ZorvoData::GetStageDependentProperty(int stage, EElementType type, int element, int property,
+                                            int position) const {
+    // The record's own value. The excavation families add their base levels here when
+    // they join the project; until then no excavation exists to be asked about.
+    double value = 0.0;
+    if (type == eElementTunnel && IsTunnelInStage(element, stage))
+        value = GetTunnel(element).GetDiameter();
+
     // The index is compared as it stands: smoothed indices above n + 1 meet no property.
-    for (const CStageProperty& p : m_stageProperties.Items())
-        if (p.GetStage() == index && p.GetElementType() == eElementTunnel &&
-            p.GetRefs().IsIncluded(tunnel, 0) && p.NumValues() > 0)
-            d = p.GetValues().front();
-    return d;
+    for (const CStageProperty& p : m_stageProperties.Items()) {
+        if (p.GetStage() != stage || p.GetElementType() != type ||
+            !p.GetRefs().IsIncluded(element, 0))
+            continue;
+        if (property != 0 || p.NumValues() == 0)
+            continue;
+        const int index =
+            type == eElementPolygonalExcavation ? std::min(p.NumValues(), position) - 1 : 0;
+        value = p.GetValues()[static_cast<size_t>(index)];
+    }
+    return value;
 }
 
 // ---- Tunnel geometry -------------------------------------------------------
@@ -276,7 +294,7 @@ void ZorvoData::GetTunnelsOfSubSurfaceMethodAndSoil(GeoTunnel::ESubSurfaceMethod
 bool ZorvoData::operator==(const ZorvoData& o) const {
     return SameBase(o) && m_general == o.m_general && m_stages == o.m_stages &&
            m_stageProperties == o.m_stageProperties && m_tunnels == o.m_tunnels &&
-           m_cornerOptions == o.m_cornerOptions;
+           m_mines == o.m_mines && m_cornerOptions == o.m_cornerOptions;
 }
 
 } // namespace Tevra::Data

@@ -8,6 +8,7 @@
 #include "document/CStageProperty.h"
 #include "document/EModuleID.h"
 #include "document/GeoZorvoGeneral.h"
+#include "sources/GeoMine.h"
 #include "sources/GeoTunnel.h"
 #include "validation/CCheckPass.h"
 
@@ -62,6 +63,9 @@ class ZorvoData : public LodraZorvoData {
     const GeoTunnel& GetDefaultTunnel() const { return m_tunnels.Prototype(); }
     void SetDefaultTunnel(const GeoTunnel& t) { m_tunnels.SetPrototype(t); }
 
+    // Mine panels, the sources of a mine analysis.
+    ZORVO_NUMBERED_FAMILY(Mine, Mines, GeoMine, m_mines)
+
     // Stages and stage properties.
     ZORVO_NUMBERED_FAMILY(StageProperty, StageProperties, CStageProperty, m_stageProperties)
     // n, plus one with the base; counting only enabled stages with enabledOnly.
@@ -91,6 +95,15 @@ class ZorvoData : public LodraZorvoData {
     // and in the stages that list it, 0 in the others, and the first value of the last
     // stage property of that index that names it.
     double GetTunnelDiameterInStage(int tunnel, int index) const;
+    // Value of property 0 of an element (1-based) in a calculation stage (metres): the
+    // record's own where the element takes part in the stage and 0 elsewhere, replaced
+    // by the values of the stage properties of that index, type and element, the last
+    // one standing. A tunnel's value is its diameter; a polygonal excavation's is its
+    // base level at position (1-based), the last of a shorter list standing for the
+    // positions beyond it. A property other than 0 keeps the record's own value. Only
+    // tunnels have a value of their own so far: the excavation families bring theirs.
+    double GetStageDependentProperty(int stage, EElementType type, int element, int property,
+                                     int position) const;
 
     // Levels of tunnel t (1-based) at a point given in the tunnel's local axes.
     SLevels GetLevelsForTunnelCalcs(int tunnel, int index, const Vec2<double>& local,
@@ -138,6 +151,7 @@ class ZorvoData : public LodraZorvoData {
     CNumberedList<CStage> m_stages;
     CNumberedList<CStageProperty> m_stageProperties;
     CNumberedList<GeoTunnel> m_tunnels;
+    CNumberedList<GeoMine> m_mines;
     CReEntrantCornerOptions m_cornerOptions;
 };
 

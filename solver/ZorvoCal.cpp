@@ -1,6 +1,7 @@
 #include "ZorvoCal.h"
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 
 namespace Tevra {
@@ -32,7 +33,8 @@ int ZorvoCal::tun21_(const ZorvoData& doc, int stage, const double& x, const dou
     double volumeTerm = 0.0;
     if (doc.GetGeneral().GetProblemType() == Data::eGroundMovement)
         Tunnels(doc, stage, x, y, disp, strain, &volumeTerm, z, surface, pi, sqrtTwoPi);
-    // A mine analysis sums its panels instead; a project without panels moves nothing.
+    else
+        Mines(doc, x, y, disp, strain, &volumeTerm, MineRingTable(), pi); // weights worked once
 
     Excavations(doc, stage, Vec3<double>(x, y, z), disp, strain);
 
@@ -61,6 +63,8 @@ int ZorvoCal::tun28_(const ZorvoData& doc, int stage, const double& x, const dou
     double volumeTerm = 0.0;
     if (doc.GetGeneral().GetProblemType() == Data::eGroundMovement)
         Tunnels(doc, stage, x, y, disp, strain, &volumeTerm, z, surface, pi, sqrtTwoPi);
+    else
+        Mines(doc, x, y, disp, strain, &volumeTerm, MineRingTable(), pi); // weights worked once
 
     Excavations(doc, stage, Vec3<double>(x, y, z), disp, strain);
 
@@ -243,6 +247,199 @@ int ZorvoCal::Tunnels(const ZorvoData& doc, int stage, const double& x, const do
         for (int j = 0; j < 3; ++j)
             strain[j] += 0.1 * rotated[j];
     }
+    return 0;
+}
+
+namespace {
+
+// pi, read at run time. The tables worked once below must hold what the run-time
+// library gives, as a point-by-point evaluation would have it; a compiler that saw a
+// constant argument could work exp, cos and sin itself, to another last bit.
+double RunTimePi() {
+    volatile double halfTurn = 2.0 * std::asin(1.0);
+    return halfTurn;
+}
+
+// Relative rounding allowance for the ring tests below: far larger than the rounding
+// of the sample positions, far smaller than any distance that matters.
+constexpr double kRingTestTolerance = 1e-9;
+
+} // namespace
+
+const double* ZorvoCal::MineRingTable() {
+    // Worked once, on first use, under the thread-safe initialisation of a local static.
+    static const std::array<double, NR_MINE_RINGS> table = [] {
+        std::array<double, NR_MINE_RINGS> t{};
+        tun24_(t.data(), RunTimePi());
+        return t;
+    }();
+    return table.data();
+}
+
+int ZorvoCal::Mines(const ZorvoData& doc, const double& x, const double& y, double* disp,
+                    double* strain, double* volumeTerm, const double* ringTable, const double& pi) {
+    for (int j = 0; j < 3; ++j) {
+        disp[j] = 0.0;
+        strain[j] = 0.0;
+    }
+    *volumeTerm = 0.0;
+
+    // Directions of the sectors, t = j pi / 60 for j = 1, 3, ..., 119: the same cosines
+    // and sines at every point, so they are worked once, on first use, under the
+    // thread-safe initialisation of a local static.
+    struct SSectors {
+        double ct[NR_MINE_SECTORS];
+        double st[NR_MINE_SECTORS];
+    };
+    static const SSectors sectors = [] {
+        const double halfTurn = RunTimePi();
+        SSectors d{};
+        for (int j = 0; j < NR_MINE_SECTORS; ++j) {
+            const double t = (2 * j + 1) * halfTurn / NR_MINE_SECTORS;
+            d.ct[j] = std::cos(t);
+            d.st[j] = std::sin(t);
+        }
+        return d;
+    }();
+
+    for (int n = 1; n <= doc.NumMines(); ++n) {
+        const Data::GeoMine& mine = doc.GetMine(n);
+        // Depth H of the seam, panel width W and their ratio r.
+        const double H = mine.GetLowerStratumThickness() + mine.GetUpperStratumThickness();
+        const double W = mine.GetPanelWidth();
+        const double r = W / H;
+
+        // Direction of the centre line: cosine c, sine s, bearing phi (radians).
+        const double X1 = mine.GetXCentreLine1(), Y1 = mine.GetYCentreLine1();
+        const double dx = mine.GetXCentreLine2() - X1;
+        const double dy = mine.GetYCentreLine2() - Y1;
+        const double L = std::sqrt(dx * dx + dy * dy);
+        const double c = dx / L;
+        const double s = dy / L;
+        const double phi = std::atan2(dy, dx);
+
+        // Effective extraction area, E = e H the edge offset: the limits E to L - E along
+        // and E to W - E across are measured from the reference corner (Cx, Cy), itself
+        // set in by E from the first end and the right-hand side. The area so lies 2E in
+        // from those two edges and flush with the other two; that is the method's own.
+        double e;
+        tun43_(r, e);
+        const double E = e * H;
+        const double Cx = E * c + X1 + (0.5 * W - E) * s;
+        const double Cy = E * s + Y1 - (0.5 * W - E) * c;
+
+        // Maximum subsidence M (mm, closure in metres) and radius of critical area R:
+        // each stratum spreads the influence by its thickness x tan(angle of draw).
+        double a;
+        tun44_(r, a);
+        const double M = a * 900.0 * mine.GetClosure();
+        const double R =
+            std::tan(pi * mine.GetLowerAngleOfDraw() / 180.0) * mine.GetLowerStratumThickness() +
+            std::tan(pi * mine.GetUpperAngleOfDraw() / 180.0) * mine.GetUpperStratumThickness();
+        const double R2 = R * R;
+
+        // The point in the panel's axes (u along, v across from the reference corner),
+        // for the ring tests alone: the samples are placed as the method places them.
+        const double u0 = (y - Cy) * s + (x - Cx) * c;
+        const double v0 = (y - Cy) * c - (x - Cx) * s;
+        const double uOut = std::max({E - u0, 0.0, u0 - (L - E)});
+        const double vOut = std::max({E - v0, 0.0, v0 - (W - E)});
+        const double nearest = std::sqrt(uOut * uOut + vOut * vOut);
+        const double uFar = std::max(std::fabs(u0 - E), std::fabs(u0 - (L - E)));
+        const double vFar = std::max(std::fabs(v0 - E), std::fabs(v0 - (W - E)));
+        const double farthest = std::sqrt(uFar * uFar + vFar * vFar);
+        const double inward = std::min({u0 - E, (L - E) - u0, v0 - E, (W - E) - v0}); // < 0 outside
+        const double scale = std::fabs(x) + std::fabs(y) + std::fabs(Cx) + std::fabs(Cy) +
+                             std::fabs(L) + std::fabs(W) + std::fabs(R);
+
+        double hx = 0.0, hy = 0.0, tx = 0.0, ty = 0.0, tz = 0.0, sum = 0.0;
+        for (int k = 0; k < NR_MINE_RINGS; ++k) {
+            const double rho = (k + 0.5) * R / NR_MINE_RINGS;
+            const double q = -pi * (rho * rho);
+            int count = 0;
+
+            // A ring that lies clear of the effective area, outside it or around it,
+            // has no sample in it; one well inside has every sample in it. Both tests
+            // keep a margin over rounding, so that no sample changes sides. NaN fails
+            // both, and such a ring goes through the sample tests.
+            const double margin = kRingTestTolerance * (scale + rho);
+            const bool clear = nearest > rho + margin || farthest < rho - margin;
+            const bool within = inward > rho + margin;
+            if (!clear) {
+                // Shares of a sample of this ring: horizontal g, tilt weight w.
+                const double g = M * ringTable[k] / NR_MINE_SECTORS * rho / H;
+                const double w = std::exp(q / R2) * M * rho * 0.025 * pi / 30.0;
+                for (int j = 0; j < NR_MINE_SECTORS; ++j) {
+                    const double ct = sectors.ct[j], st = sectors.st[j];
+                    if (!within) {
+                        const double px = ct * rho + x - Cx;
+                        const double py = st * rho + y - Cy;
+                        const double u = py * s + px * c;
+                        const double v = py * c - px * s;
+                        if (!(u >= E && u <= L - E && v >= E && v <= W - E))
+                            continue;
+                    }
+                    hx += g * ct;
+                    hy += g * st;
+                    ++count;
+                    const double cr = ct * rho, sr = st * rho;
+                    tx += -(1.0 - (cr * cr + cr * cr) * pi / R2) * w / H / R;
+                    ty += -(1.0 - (sr * sr + sr * sr) * pi / R2) * w / H / R;
+                    tz += -((rho * rho) * ct * st * 4.0 * pi / R2) * w / H / R;
+                }
+            }
+            sum += count * ringTable[k] / NR_MINE_SECTORS;
+        }
+
+        disp[0] += hx;
+        disp[1] += hy;
+        disp[2] += sum * M;
+        // Tilts into global axes.
+        const double tilt[3] = {tx, ty, tz};
+        double rotated[3];
+        ZorvoData::tun26_(2, -phi, tilt, rotated);
+        for (int j = 0; j < 3; ++j)
+            strain[j] += 0.1 * rotated[j];
+    }
+    return 0;
+}
+
+int ZorvoCal::tun24_(double* ringTable, const double& c) {
+    for (int j = 1; j <= NR_MINE_RINGS; ++j) {
+        const double a = (j - 1) * 0.025;
+        const double b = j * 0.025;
+        ringTable[j - 1] = std::exp(-c * (a * a)) - std::exp(-c * (b * b)) + 0.00108;
+    }
+    return 0;
+}
+
+int ZorvoCal::tun43_(const double& r, double& e) {
+    if (r <= 0.4)
+        e = 0.0;
+    else if (r <= 0.7)
+        e = (r - 0.4) * 0.11 / 0.3;
+    else if (r <= 1.0)
+        e = (r - 0.7) * 0.026 / 0.3 + 0.11;
+    else if (r < 1.2)
+        e = (r - 1.0) * 0.004 / 0.2 + 0.136;
+    else
+        e = 0.14;
+    return 0;
+}
+
+int ZorvoCal::tun44_(const double& r, double& a) {
+    if (r <= 0.25)
+        a = 0.28;
+    else if (r <= 0.5)
+        a = (r - 0.25) * 0.52 * 4.0 + 0.28;
+    else if (r <= 0.75)
+        a = (r - 0.5) * 0.38 * 4.0 + 0.8;
+    else if (r <= 1.25)
+        a = 1.18 - (r - 0.75) * 0.28;
+    else if (r <= 2.0)
+        a = 1.04 - (r - 1.25) * 0.04 / 0.75;
+    else
+        a = 1.0;
     return 0;
 }
 

@@ -54,12 +54,36 @@ class ZorvoCal {
     static constexpr double C_30 = 30.0;
     static constexpr int NR_TUNNEL_PARAMS = 17;
     static constexpr int NR_MINE_PARAMS = 10;
+    // The influence ring method samples 40 rings of 60 sectors around a point; both
+    // numbers are part of the result.
+    static constexpr int NR_MINE_RINGS = 40;
+    static constexpr int NR_MINE_SECTORS = 60;
+
+    // The tests of the mine kernel reach its private steps through this.
+    friend struct MineKernelTestAccess;
 
     // Adds every tunnel's movement (mm) and strain at a point to the running totals:
     // disp[0..2], strain[0..2] and the volume term.
     static int Tunnels(const Data::ZorvoData& doc, int stage, const double& x, const double& y,
                        double* disp, double* strain, double* volumeTerm, const double& z,
                        Data::ESurfaceType surface, const double& pi, const double& sqrtTwoPi);
+
+    // Subsidence of mine panels by the influence ring method: clears disp[0..2] (mm),
+    // strain[0..2] and the volume term, then adds every panel's movement at the plan
+    // point (x, y) (metres). ringTable holds the NR_MINE_RINGS ring weights of tun24_.
+    static int Mines(const Data::ZorvoData& doc, const double& x, const double& y, double* disp,
+                     double* strain, double* volumeTerm, const double* ringTable, const double& pi);
+    // The ring weights of tun24_ with c = pi, worked once for the life of the program.
+    static const double* MineRingTable();
+    // Weights of the influence rings: the share of the Gaussian influence function
+    // between the radii (j - 1)/40 and j/40 of the radius of critical area, for
+    // c = pi, plus a small even share 0.00108, for j = 1 to 40.
+    static int tun24_(double* ringTable, const double& c);
+    // Offset of the effective panel edge from the panel edge, as a share of the depth,
+    // for the width to depth ratio r of the panel.
+    static int tun43_(const double& ratio, double& edge);
+    // Maximum subsidence as a share of 0.9 x closure, for the width to depth ratio r.
+    static int tun44_(const double& ratio, double& maxFactor);
 
     // Adds the movements of the excavations of the stage; a point inside one keeps
     // its tunnel movements alone.

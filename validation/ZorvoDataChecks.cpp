@@ -33,7 +33,7 @@ bool ZorvoData::GeneralErrors(std::vector<CString>& messages, bool& cancelled,
         if (NumTunnels() == 0 && importedSets == 0)
             pass.Add(Message(57));
     } else if (m_general.GetProblemType() == eMine) {
-        if (NumRecord(eModuleMines) == 0 && importedSets == 0)
+        if (NumMines() == 0 && importedSets == 0)
             pass.Add(Message(58));
     }
     return pass.Finish();
