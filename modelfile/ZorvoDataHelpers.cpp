@@ -212,6 +212,15 @@ ZorvoDataHelpers::ZorvoDataHelpers(ZorvoData& doc) {
              r.Read(f, g);
              d.SetTunnel(d.NumTunnels() + 1, r);
          }});
+    // ZorvoDataMines
+    add({202020, L"Mine Seams", GeoMine::GetVersion(),
+         [](const ZorvoData& d) { return d.NumMines(); },
+         [](const ZorvoData& d, CDataFile& f, int n) { d.GetMine(n).Write(f); },
+         [](ZorvoData& d, CDataFile& f, int g) {
+             GeoMine r;
+             r.Read(f, g);
+             d.SetMine(d.NumMines() + 1, r);
+         }});
     // ZorvoDataGraphicsSettings: whether smoothed results are shown.
     add({202110, L"Graphic Settings", 1, [](const ZorvoData&) { return 1; },
          [](const ZorvoData& d, CDataFile& f, int) {

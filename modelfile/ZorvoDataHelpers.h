@@ -8,7 +8,7 @@
 namespace Tevra::FileIO {
 
 // The model file's helpers in the order their modules are written: file history,
-// parameters, displacement points, lines, polylines and grids, tunnels, graphic
+// parameters, displacement points, lines, polylines and grids, tunnels, mines, graphic
 // settings, re-entrant corner options, polylines, stages, stage properties, and the
 // results of the displacement records last.
 class ZorvoDataHelpers {

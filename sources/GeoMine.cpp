@@ -1,5 +1,8 @@
 #include "GeoMine.h"
 
+#include "base/CDataFile.h"
+#include "base/JsonNameID.h"
+
 #include <algorithm>
 #include <cmath>
 
@@ -88,6 +91,69 @@ double GeoMine::GetYMin(EMineLevel level) const { return Extreme(*this, level, Y
 double GeoMine::GetYMax(EMineLevel level) const { return Extreme(*this, level, Y, true); }
 double GeoMine::GetZMin(EMineLevel level) const { return Extreme(*this, level, Z, false); }
 double GeoMine::GetZMax(EMineLevel level) const { return Extreme(*this, level, Z, true); }
+
+// Closure, panel width and the two strata thicknesses; the two angles of draw (nested in
+// the JSON form); the centre line ends in plan (nested as start and end in JSON); the
+// name, show and label.
+void GeoMine::Write(FileIO::CDataFile& f) const {
+    using namespace FileIO;
+    f.WriteDouble(jnClosure, m_closure);
+    f.WriteDouble(jnPanelWidth, m_panelWidth);
+    f.WriteDouble(jnLowerStratumThickness, m_lowerThickness);
+    f.WriteDouble(jnUpperStratumThickness, m_upperThickness);
+    f.BeginObject(jnAnglesOfDraw);
+    f.WriteDouble(jnLower, m_lowerAngle);
+    f.WriteDouble(jnUpper, m_upperAngle);
+    f.EndObject();
+    if (f.IsJson()) {
+        f.BeginObject(jnCentreLine);
+        f.BeginObject(jnPlanStart);
+        f.WriteDouble(jnX, m_x1);
+        f.WriteDouble(jnY, m_y1);
+        f.EndObject();
+        f.BeginObject(jnPlanEnd);
+        f.WriteDouble(jnX, m_x2);
+        f.WriteDouble(jnY, m_y2);
+        f.EndObject();
+        f.EndObject();
+    } else {
+        for (double v : {m_x1, m_x2, m_y1, m_y2})
+            f.WriteDouble(jnX, v);
+    }
+    f.WriteString(jnName, m_name);
+    f.WriteBool(jnShow, m_show);
+    f.WriteBool(jnLabel, m_label);
+}
+
+void GeoMine::Read(FileIO::CDataFile& f, int) {
+    using namespace FileIO;
+    f.ReadDouble(jnClosure, m_closure);
+    f.ReadDouble(jnPanelWidth, m_panelWidth);
+    f.ReadDouble(jnLowerStratumThickness, m_lowerThickness);
+    f.ReadDouble(jnUpperStratumThickness, m_upperThickness);
+    f.EnterObject(jnAnglesOfDraw);
+    f.ReadDouble(jnLower, m_lowerAngle);
+    f.ReadDouble(jnUpper, m_upperAngle);
+    f.LeaveObject();
+    if (f.IsJson()) {
+        f.EnterObject(jnCentreLine);
+        f.EnterObject(jnPlanStart);
+        f.ReadDouble(jnX, m_x1);
+        f.ReadDouble(jnY, m_y1);
+        f.LeaveObject();
+        f.EnterObject(jnPlanEnd);
+        f.ReadDouble(jnX, m_x2);
+        f.ReadDouble(jnY, m_y2);
+        f.LeaveObject();
+        f.LeaveObject();
+    } else {
+        for (double* v : {&m_x1, &m_x2, &m_y1, &m_y2})
+            f.ReadDouble(jnX, *v);
+    }
+    f.ReadString(jnName, m_name, false);
+    f.ReadBool(jnShow, m_show, false);
+    f.ReadBool(jnLabel, m_label, false);
+}
 
 bool GeoMine::operator==(const GeoMine& o) const {
     return m_name == o.m_name && m_closure == o.m_closure && m_panelWidth == o.m_panelWidth &&

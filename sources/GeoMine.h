@@ -4,6 +4,10 @@
 #include "base/CString.h"
 #include "base/Vec3.h"
 
+namespace Tevra::FileIO {
+class CDataFile;
+}
+
 namespace Tevra::Data {
 
 // A longwall-like mine panel: a centre line in plan, the panel width either side of
@@ -71,6 +75,10 @@ class GeoMine : public BaseEntity {
     double GetYMax(EMineLevel level) const;
     double GetZMin(EMineLevel level) const;
     double GetZMax(EMineLevel level) const;
+
+    // The record in the model file.
+    void Write(FileIO::CDataFile& file) const;
+    void Read(FileIO::CDataFile& file, int generation);
 
     bool operator==(const GeoMine& o) const;
     bool operator!=(const GeoMine& o) const { return !(*this == o); }

@@ -177,3 +177,14 @@ TEST(Host, CsvTablesMatchTheLibrary) {
     }
     std::system(("rm -rf '" + dir + "'").c_str());
 }
+
+TEST(Host, EveryExampleChecksCleanAndSolves) {
+    for (const char* name : {"twin-tunnels", "subsurface", "staged-tunnels", "mine-panel"}) {
+        const std::string path = kSource + "/examples/" + name + ".json";
+        const Outcome check = Host({"check", path});
+        EXPECT_EQ(check.status, 0) << name << "\n" << check.err;
+        const Outcome solve = Host({"solve", path});
+        EXPECT_EQ(solve.status, 0) << name << "\n" << solve.err;
+        EXPECT_NE(solve.out.find("largest settlement"), std::string::npos) << name;
+    }
+}

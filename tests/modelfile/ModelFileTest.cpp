@@ -51,6 +51,22 @@ ZorvoData FullDocument() {
     t.SetSubSurfaceMethod(GeoTunnel::eMair);
     doc.SetTunnel(2, t);
 
+    GeoMine mine;
+    mine.SetName(L"Panel 401");
+    mine.SetClosure(1.8);
+    mine.SetPanelWidth(180.0);
+    mine.SetLowerStratumThickness(250.0);
+    mine.SetUpperStratumThickness(90.0);
+    mine.SetLowerAngleOfDraw(35.0);
+    mine.SetUpperAngleOfDraw(20.0);
+    mine.SetXCentreLine1(-5.0);
+    mine.SetXCentreLine2(15.0);
+    mine.SetYCentreLine1(-300.0);
+    mine.SetYCentreLine2(310.0);
+    mine.SetShow(false);
+    mine.SetLabel(true);
+    doc.SetMine(1, mine);
+
     CDisplacementPoint p(L"Well head");
     p.SetPoint({1.5, 2.5, 95.0});
     p.SetSurfaceType(eSubSurface);
