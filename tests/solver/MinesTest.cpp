@@ -4,6 +4,8 @@
 #include "solver/ZorvoCal.h"
 #include "solver/ZorvoSolver.h"
 
+#include "tests/solver/PointMovement.h"
+
 #include <gtest/gtest.h>
 
 #include <cmath>
@@ -14,6 +16,7 @@
 
 using namespace Tevra;
 using namespace Tevra::Data;
+using namespace Tevra::Testing;
 
 namespace Tevra {
 
@@ -182,21 +185,9 @@ void LiteralMines(const ZorvoData& doc, double x, double y, double* disp, double
 
 bool SameBits(double a, double b) { return std::memcmp(&a, &b, sizeof a) == 0; }
 
-struct Movement {
-    double Sz, dx, dy;          // mm
-    double major, minor, angle; // scaled strain, radians
-};
 
 Movement At(const ZorvoData& doc, double x, double y) {
-    Movement m{};
-    double xy[2], principal[3];
-    ZorvoCal::tun21_(doc, 0, x, y, 0.0, eSurface, &m.Sz, xy, principal);
-    m.dx = xy[0];
-    m.dy = xy[1];
-    m.major = principal[0];
-    m.minor = principal[1];
-    m.angle = principal[2];
-    return m;
+    return MovementAt(doc, 0, x, y, 0.0, eSurface);
 }
 
 } // namespace

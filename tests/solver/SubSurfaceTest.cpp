@@ -2,12 +2,15 @@
 // Harris and Alvarado, through the point calculation tun21_ with ESurfaceType 1.
 #include "solver/ZorvoCal.h"
 
+#include "tests/solver/PointMovement.h"
+
 #include <gtest/gtest.h>
 
 #include <cmath>
 
 using namespace Tevra;
 using namespace Tevra::Data;
+using namespace Tevra::Testing;
 
 namespace {
 
@@ -42,27 +45,9 @@ GeoTunnel Tunnel(GeoTunnel::ESubSurfaceMethod method) {
     return t;
 }
 
-ZorvoData OneTunnel(const GeoTunnel& t) {
-    ZorvoData doc;
-    doc.SetTunnel(1, t);
-    return doc;
-}
-
-struct Movement {
-    double Sz, dx, dy;          // mm
-    double major, minor, angle; // scaled strain, radians
-};
 
 Movement At(const ZorvoData& doc, double x, double y, double z) {
-    Movement m{};
-    double xy[2], principal[3];
-    ZorvoCal::tun21_(doc, 0, x, y, z, eSubSurface, &m.Sz, xy, principal);
-    m.dx = xy[0];
-    m.dy = xy[1];
-    m.major = principal[0];
-    m.minor = principal[1];
-    m.angle = principal[2];
-    return m;
+    return MovementAt(doc, 0, x, y, z, eSubSurface);
 }
 
 void ExpectMovement(const Movement& m, const Movement& e, const char* what) {

@@ -1,12 +1,15 @@
 // Surface settlement trough of tunnels, through the point calculation tun21_.
 #include "solver/ZorvoCal.h"
 
+#include "tests/solver/PointMovement.h"
+
 #include <gtest/gtest.h>
 
 #include <cmath>
 
 using namespace Tevra;
 using namespace Tevra::Data;
+using namespace Tevra::Testing;
 
 namespace {
 
@@ -21,45 +24,15 @@ const double kSmaxTimesI = 169.19740853759254;
 const double kMm = 1e-6;
 const double kStrain = 1e-9;
 
-GeoTunnel Tunnel(double x1, double y1, double x2, double y2) {
-    GeoTunnel t;
-    t.SetXCentreLine1(x1);
-    t.SetYCentreLine1(y1);
-    t.SetXCentreLine2(x2);
-    t.SetYCentreLine2(y2);
-    t.SetZCentreLine1(0.0);
-    t.SetZCentreLine2(0.0);
-    t.SetDiameter(6.0);
-    t.SetPercentLoss(1.5);
-    t.SetSoilType(GeoTunnel::eCohesive);
-    t.SetkDerivation(eSurface, GeoTunnel::ekOReillyAndNew);
-    return t;
-}
 
 // 2 km along X, centred on the origin: at x = 0 both ends are over 100 widths away.
-GeoTunnel LongTunnel() { return Tunnel(-1000.0, 0.0, 1000.0, 0.0); }
-
-ZorvoData OneTunnel(const GeoTunnel& t) {
-    ZorvoData doc;
-    doc.SetTunnel(1, t);
-    return doc;
+GeoTunnel Tunnel(double x1, double y1, double x2, double y2) {
+    return StraightTunnel(x1, y1, x2, y2);
 }
 
-struct Movement {
-    double Sz, dx, dy;          // mm
-    double major, minor, angle; // scaled strain, radians
-};
 
 Movement At(const ZorvoData& doc, int stage, double x, double y, double z) {
-    Movement m{};
-    double xy[2], principal[3];
-    ZorvoCal::tun21_(doc, stage, x, y, z, eSurface, &m.Sz, xy, principal);
-    m.dx = xy[0];
-    m.dy = xy[1];
-    m.major = principal[0];
-    m.minor = principal[1];
-    m.angle = principal[2];
-    return m;
+    return MovementAt(doc, stage, x, y, z, eSurface);
 }
 
 CBasicList List(const wchar_t* text) {

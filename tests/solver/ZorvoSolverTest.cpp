@@ -1,5 +1,7 @@
 #include "solver/ZorvoSolver.h"
 
+#include "tests/solver/PointMovement.h"
+
 #include <gtest/gtest.h>
 #include <omp.h>
 
@@ -11,6 +13,7 @@
 
 using namespace Tevra;
 using namespace Tevra::Data;
+using namespace Tevra::Testing;
 
 namespace {
 
@@ -36,20 +39,6 @@ struct Recorder : MessageHandler {
 // A 2 km tunnel along X centred on the origin: D = 6 m, 1.5 % loss, O'Reilly and New in
 // clay. At 20 m above the axis i = 0.43 20 + 1.1 = 9.7 and the peak settlement is
 // Smax = (pi 36 / 4) 1.5 10 / (9.7 sqrt(2 pi)) = 17.443032 mm.
-GeoTunnel LongTunnel() {
-    GeoTunnel t;
-    t.SetXCentreLine1(-1000.0);
-    t.SetYCentreLine1(0.0);
-    t.SetXCentreLine2(1000.0);
-    t.SetYCentreLine2(0.0);
-    t.SetZCentreLine1(0.0);
-    t.SetZCentreLine2(0.0);
-    t.SetDiameter(6.0);
-    t.SetPercentLoss(1.5);
-    t.SetSoilType(GeoTunnel::eCohesive);
-    t.SetkDerivation(eSurface, GeoTunnel::ekOReillyAndNew);
-    return t;
-}
 
 CDisplacementPoint PointAt(double x, double y, double z) {
     CDisplacementPoint p;
