@@ -2,9 +2,13 @@
 
 #include "base/CDisplacementGrid.h"
 #include "document/ZorvoData.h"
+#include "solver/ZorvoCal.h"
 #include "sources/GeoTunnel.h"
 
+#include <benchmark/benchmark.h>
+
 #include <cmath>
+#include <vector>
 
 namespace Tevra::Bench {
 
@@ -62,6 +66,21 @@ inline Data::CDisplacementGrid MakeSiteGrid(int intervals, int intervalsAcross, 
 // The whole site as one grid of (intervals + 1) squared samples.
 inline Data::CDisplacementGrid MakeSiteGrid(int intervals) {
     return MakeSiteGrid(intervals, intervals, -kSiteHalfWidth, 2.0 * kSiteHalfWidth);
+}
+
+// One point calculation per iteration, at the points in turn.
+inline void PointCalls(benchmark::State& state, const Data::ZorvoData& doc,
+                       const std::vector<Vec3<double>>& points, Data::ESurfaceType surface) {
+    size_t next = 0;
+    double zDisp[1], xyDisp[2], principal[3];
+    for (auto _ : state) {
+        const Vec3<double>& p = points[next];
+        next = next + 1 == points.size() ? 0 : next + 1;
+        ZorvoCal::tun21_(doc, 0, p.x, p.y, p.z, surface, zDisp, xyDisp, principal);
+        benchmark::DoNotOptimize(zDisp);
+        benchmark::DoNotOptimize(xyDisp);
+        benchmark::DoNotOptimize(principal);
+    }
 }
 
 } // namespace Tevra::Bench

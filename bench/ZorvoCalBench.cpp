@@ -26,16 +26,7 @@ void BM_tun21_PerPoint(benchmark::State& state) {
             points.push_back({-Bench::kSiteHalfWidth + a * step, -Bench::kSiteHalfWidth + b * step,
                               Bench::kGroundLevel});
 
-    size_t next = 0;
-    double zDisp[1], xyDisp[2], principal[3];
-    for (auto _ : state) {
-        const Vec3<double>& p = points[next];
-        next = next + 1 == points.size() ? 0 : next + 1;
-        ZorvoCal::tun21_(doc, 0, p.x, p.y, p.z, Data::eSurface, zDisp, xyDisp, principal);
-        benchmark::DoNotOptimize(zDisp);
-        benchmark::DoNotOptimize(xyDisp);
-        benchmark::DoNotOptimize(principal);
-    }
+    Bench::PointCalls(state, doc, points, Data::eSurface);
 
     const double calls = static_cast<double>(state.iterations());
     state.SetItemsProcessed(state.iterations());

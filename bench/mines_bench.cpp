@@ -110,16 +110,7 @@ void BM_Mines_PerPoint(benchmark::State& state) {
         for (Vec3<double>& p : points)
             p.y += 2.0 * kSiteHalfY + 0.5 * kPanelWidth + kReach;
 
-    size_t next = 0;
-    double zDisp[1], xyDisp[2], principal[3];
-    for (auto _ : state) {
-        const Vec3<double>& p = points[next];
-        next = next + 1 == points.size() ? 0 : next + 1;
-        ZorvoCal::tun21_(doc, 0, p.x, p.y, p.z, Data::eSurface, zDisp, xyDisp, principal);
-        benchmark::DoNotOptimize(zDisp);
-        benchmark::DoNotOptimize(xyDisp);
-        benchmark::DoNotOptimize(principal);
-    }
+    Bench::PointCalls(state, doc, points, Data::eSurface);
     state.SetItemsProcessed(state.iterations());
 }
 
@@ -136,16 +127,7 @@ void BM_SubSurface_PerPoint(benchmark::State& state) {
     const std::vector<Vec3<double>> points =
         Lattice(64, Bench::kSiteHalfWidth, Bench::kSiteHalfWidth, z);
 
-    size_t next = 0;
-    double zDisp[1], xyDisp[2], principal[3];
-    for (auto _ : state) {
-        const Vec3<double>& p = points[next];
-        next = next + 1 == points.size() ? 0 : next + 1;
-        ZorvoCal::tun21_(doc, 0, p.x, p.y, p.z, Data::eSubSurface, zDisp, xyDisp, principal);
-        benchmark::DoNotOptimize(zDisp);
-        benchmark::DoNotOptimize(xyDisp);
-        benchmark::DoNotOptimize(principal);
-    }
+    Bench::PointCalls(state, doc, points, Data::eSubSurface);
     state.SetItemsProcessed(state.iterations());
 }
 
