@@ -10,7 +10,7 @@ namespace Tevra::FileIO {
 // how to write record n (1-based) and how to read one record and append it.
 class ZorvoDataFamily : public ZorvoDataElement {
   public:
-    struct SSpec {
+    struct SModule {
         int key;
         const wchar_t* description;
         int generation;
@@ -19,26 +19,27 @@ class ZorvoDataFamily : public ZorvoDataElement {
         std::function<void(Data::ZorvoData&, CDataFile&, int generation)> read;
     };
 
-    ZorvoDataFamily(Data::ZorvoData& doc, SSpec spec) : ZorvoDataElement(doc), m_spec(std::move(spec)) {}
+    ZorvoDataFamily(Data::ZorvoData& doc, SModule module)
+        : ZorvoDataElement(doc), m_module(std::move(module)) {}
 
-    CString GetDataDescription() const override { return m_spec.description; }
-    int GetDataKey() const override { return m_spec.key; }
-    int GetNumDataItems() const override { return m_spec.count(m_doc); }
-    int GetDataBinary() const override { return m_spec.generation; }
+    CString GetDataDescription() const override { return m_module.description; }
+    int GetDataKey() const override { return m_module.key; }
+    int GetNumDataItems() const override { return m_module.count(m_doc); }
+    int GetDataBinary() const override { return m_module.generation; }
 
     int WriteDataElementRecord(CDataFile& file, int record) override {
         file.BeginRecord(0);
-        m_spec.write(m_doc, file, record);
+        m_module.write(m_doc, file, record);
         file.EndRecord();
         return 1;
     }
     int ReadDataElementRecord(CDataFile& file, int generation) override {
-        m_spec.read(m_doc, file, generation);
+        m_module.read(m_doc, file, generation);
         return 1;
     }
 
   private:
-    SSpec m_spec;
+    SModule m_module;
 };
 
 } // namespace Tevra::FileIO

@@ -152,8 +152,8 @@ void ReadResults(ZorvoData& doc, CDataFile& f, int) {
 } // namespace
 
 ZorvoDataHelpers::ZorvoDataHelpers(ZorvoData& doc) {
-    auto add = [&](ZorvoDataFamily::SSpec spec) {
-        m_helpers.push_back(std::make_unique<ZorvoDataFamily>(doc, std::move(spec)));
+    auto add = [&](ZorvoDataFamily::SModule module) {
+        m_helpers.push_back(std::make_unique<ZorvoDataFamily>(doc, std::move(module)));
     };
 
     // ZorvoDataHistory
