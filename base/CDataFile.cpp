@@ -4,10 +4,10 @@
 
 #include <rapidjson/document.h>
 #include <rapidjson/encodedstream.h>
-#include <rapidjson/memorystream.h>
-#include <rapidjson/reader.h>
 #include <rapidjson/error/en.h>
+#include <rapidjson/memorystream.h>
 #include <rapidjson/prettywriter.h>
+#include <rapidjson/reader.h>
 #include <rapidjson/stringbuffer.h>
 
 #include <cerrno>
@@ -34,12 +34,18 @@ enum : uint8_t { kTagInt = 1, kTagDouble = 2, kTagBool = 3, kTagString = 4, kTag
 
 const char* TagName(uint8_t tag) {
     switch (tag) {
-    case kTagInt: return "an integer";
-    case kTagDouble: return "a number";
-    case kTagBool: return "a yes/no value";
-    case kTagString: return "a text";
-    case kTagDoubles: return "a list of numbers";
-    default: return "an unknown field type";
+    case kTagInt:
+        return "an integer";
+    case kTagDouble:
+        return "a number";
+    case kTagBool:
+        return "a yes/no value";
+    case kTagString:
+        return "a text";
+    case kTagDoubles:
+        return "a list of numbers";
+    default:
+        return "an unknown field type";
     }
 }
 
@@ -50,12 +56,18 @@ const char* Member(int name) {
 
 // Readable form of a JSON value's type.
 const char* JsonTypeName(const rapidjson::Value& v) {
-    if (v.IsNull()) return "null";
-    if (v.IsBool()) return "true/false";
-    if (v.IsObject()) return "an object";
-    if (v.IsArray()) return "an array";
-    if (v.IsString()) return "a text";
-    if (v.IsInt()) return "an integer";
+    if (v.IsNull())
+        return "null";
+    if (v.IsBool())
+        return "true/false";
+    if (v.IsObject())
+        return "an object";
+    if (v.IsArray())
+        return "an array";
+    if (v.IsString())
+        return "a text";
+    if (v.IsInt())
+        return "an integer";
     return "a number";
 }
 
@@ -318,8 +330,7 @@ void CDataFile::EndObject() {
 
 void CDataFile::WriteInt(int name, int value) {
     if (IsJson()) {
-        m_json->open.back()->AddMember(rapidjson::StringRef(Member(name)), value,
-                                       m_json->Alloc());
+        m_json->open.back()->AddMember(rapidjson::StringRef(Member(name)), value, m_json->Alloc());
         return;
     }
     PutTag(kTagInt);
@@ -343,8 +354,7 @@ void CDataFile::WriteDouble(int name, double value) {
 void CDataFile::WriteBool(int name, bool value) {
     if (IsJson()) {
         m_json->open.back()->AddMember(rapidjson::StringRef(Member(name)),
-                                       rapidjson::StringRef(value ? "YES" : "NO"),
-                                       m_json->Alloc());
+                                       rapidjson::StringRef(value ? "YES" : "NO"), m_json->Alloc());
         return;
     }
     PutTag(kTagBool);
@@ -356,11 +366,9 @@ void CDataFile::WriteString(int name, const CString& value) {
     const std::string utf8 = value.ToUtf8();
     if (IsJson()) {
         auto& a = m_json->Alloc();
-        m_json->open.back()->AddMember(rapidjson::StringRef(Member(name)),
-                                       rapidjson::Value(utf8.c_str(),
-                                                        static_cast<rapidjson::SizeType>(utf8.size()),
-                                                        a),
-                                       a);
+        m_json->open.back()->AddMember(
+            rapidjson::StringRef(Member(name)),
+            rapidjson::Value(utf8.c_str(), static_cast<rapidjson::SizeType>(utf8.size()), a), a);
         return;
     }
     PutTag(kTagString);
@@ -407,8 +415,8 @@ void CDataFile::SaveTo(const std::string& path) const {
     std::string tmp = path + ".tmp-XXXXXX";
     const int fd = ::mkstemp(tmp.data());
     if (fd < 0)
-        throw CDataFileError(path + ": cannot create a temporary file beside it: " +
-                             std::strerror(errno));
+        throw CDataFileError(path +
+                             ": cannot create a temporary file beside it: " + std::strerror(errno));
     auto fail = [&](const char* what) {
         const std::string reason = std::strerror(errno);
         ::close(fd);
@@ -646,8 +654,7 @@ void CDataFile::EndReadRecord() {
 
 void CDataFile::EndModuleRead() {
     if (!IsJson() && m_pos != m_moduleEnd)
-        Fail("the module holds more data than its " + std::to_string(m_moduleCount) +
-             " records");
+        Fail("the module holds more data than its " + std::to_string(m_moduleCount) + " records");
 }
 
 bool CDataFile::EnterObject(int name, bool required) {

@@ -36,8 +36,8 @@ class CDisplacementGrid : public CDisplacementData {
     void Read(FileIO::CDataFile& file, int generation) override;
 
     bool operator==(const CDisplacementGrid& o) const {
-        return SameData(o) && m_p1 == o.m_p1 && m_p2 == o.m_p2 &&
-               m_extrusion == o.m_extrusion && m_intervalsLine == o.m_intervalsLine &&
+        return SameData(o) && m_p1 == o.m_p1 && m_p2 == o.m_p2 && m_extrusion == o.m_extrusion &&
+               m_intervalsLine == o.m_intervalsLine &&
                m_intervalsExtrusion == o.m_intervalsExtrusion && m_direction == o.m_direction;
     }
 

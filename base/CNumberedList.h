@@ -72,15 +72,15 @@ template <class T> class CNumberedList {
 // The named members of one family as one-line forwards to its CNumberedList:
 // Name##Exists, Get##Name, Set##Name, Insert##Name (by count and by record),
 // Delete##Name, and Num##Plural unless the family counts its own way.
-#define ZORVO_NUMBERED_ACCESS(Name, Type, list)                                                   \
-    bool Name##Exists(int n) const { return list.Exists(n); }                                     \
-    const Type& Get##Name(int n) const { return list.Get(n); }                                    \
-    Type& Access##Name(int n) { return list.Access(n); }                                          \
-    void Set##Name(int n, const Type& record) { list.Set(n, record); }                            \
-    void Insert##Name(int n, int count) { list.Insert(n, count); }                                \
-    void Insert##Name(int n, const Type& record) { list.Insert(n, record); }                      \
+#define ZORVO_NUMBERED_ACCESS(Name, Type, list)                                                    \
+    bool Name##Exists(int n) const { return list.Exists(n); }                                      \
+    const Type& Get##Name(int n) const { return list.Get(n); }                                     \
+    Type& Access##Name(int n) { return list.Access(n); }                                           \
+    void Set##Name(int n, const Type& record) { list.Set(n, record); }                             \
+    void Insert##Name(int n, int count) { list.Insert(n, count); }                                 \
+    void Insert##Name(int n, const Type& record) { list.Insert(n, record); }                       \
     void Delete##Name(int first, int last) { list.Delete(first, last); }
 
-#define ZORVO_NUMBERED_FAMILY(Name, Plural, Type, list)                                           \
-    ZORVO_NUMBERED_ACCESS(Name, Type, list)                                                       \
+#define ZORVO_NUMBERED_FAMILY(Name, Plural, Type, list)                                            \
+    ZORVO_NUMBERED_ACCESS(Name, Type, list)                                                        \
     int Num##Plural() const { return list.Num(); }

@@ -133,8 +133,8 @@ CString CString::FromUtf8(const std::string& utf8) {
             cp = (cp << 6) | (static_cast<unsigned char>(utf8[i]) & 0x3F);
         }
         // Surrogates, overlong forms and numbers past Unicode are no characters.
-        const bool overlong = (extra == 1 && cp < 0x80) || (extra == 2 && cp < 0x800) ||
-                              (extra == 3 && cp < 0x10000);
+        const bool overlong =
+            (extra == 1 && cp < 0x80) || (extra == 2 && cp < 0x800) || (extra == 3 && cp < 0x10000);
         if (overlong || (cp >= 0xD800 && cp <= 0xDFFF) || cp > 0x10FFFF)
             cp = 0xFFFD;
         out += static_cast<wchar_t>(cp);

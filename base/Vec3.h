@@ -16,7 +16,12 @@ template <class T> struct Vec3 {
     Vec3 operator+(const Vec3& o) const { return {x + o.x, y + o.y, z + o.z}; }
     Vec3 operator-(const Vec3& o) const { return {x - o.x, y - o.y, z - o.z}; }
     Vec3 operator*(T s) const { return {x * s, y * s, z * s}; }
-    Vec3& operator+=(const Vec3& o) { x += o.x; y += o.y; z += o.z; return *this; }
+    Vec3& operator+=(const Vec3& o) {
+        x += o.x;
+        y += o.y;
+        z += o.z;
+        return *this;
+    }
     bool operator==(const Vec3& o) const { return x == o.x && y == o.y && z == o.z; }
     bool operator!=(const Vec3& o) const { return !(*this == o); }
 

@@ -12,7 +12,11 @@ class CDataFile;
 namespace Tevra::Data {
 
 // Kind of record a stage property overrides.
-enum EElementType { eElementTunnel = 0, eElementPolygonalExcavation = 1, eElementCircularExcavation = 2 };
+enum EElementType {
+    eElementTunnel = 0,
+    eElementPolygonalExcavation = 1,
+    eElementCircularExcavation = 2
+};
 // The overridable tunnel value: its diameter.
 enum ETunnelProperty { eTunnelDiameter = 0 };
 // The overridable excavation value: its base level(s).

@@ -36,7 +36,8 @@ void GeoZorvoGeneral::Read(FileIO::CDataFile& f, int) {
         int type = 0;
         f.ReadInt(jnProblemType, type);
         if (type != eGroundMovement && type != eMine)
-            f.Fail("problem type " + std::to_string(type) + " is neither 1 (tunnels and "
+            f.Fail("problem type " + std::to_string(type) +
+                   " is neither 1 (tunnels and "
                    "excavations) nor 2 (mines)");
         m_problemType = static_cast<EProblemType>(type);
         return;
@@ -46,7 +47,8 @@ void GeoZorvoGeneral::Read(FileIO::CDataFile& f, int) {
     CString text;
     if (f.ReadString(jnProblemType, text, false)) {
         if (text != CString(L"TUNNEL") && text != CString(L"MINE"))
-            f.Fail("'problemType' is \"" + text.ToUtf8() + "\"; it should be \"TUNNEL\" or \"MINE\"");
+            f.Fail("'problemType' is \"" + text.ToUtf8() +
+                   "\"; it should be \"TUNNEL\" or \"MINE\"");
         m_problemType = MapCStrToProblemTypeEnum(text);
     }
     f.LeaveObject();

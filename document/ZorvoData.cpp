@@ -93,9 +93,7 @@ int ZorvoData::GetBaseStageIndex() const {
     return (GetGraphicSettings().GetSmoothed() && IsSmoothingOn()) ? m_stages.Num() + 1 : 0;
 }
 
-bool ZorvoData::IsBaseStage(int index) const {
-    return index == 0 || index == m_stages.Num() + 1;
-}
+bool ZorvoData::IsBaseStage(int index) const { return index == 0 || index == m_stages.Num() + 1; }
 
 bool ZorvoData::StageExists(int index) const {
     const int n = m_stages.Num();
@@ -227,7 +225,8 @@ Vec2<double> ZorvoData::LocalXYReTunnelFromGlobalXY(const Vec2<double>& global,
     const double L = t.GetPlanLength();
     const double cx = (t.GetXCentreLine2() - X1) / L;
     const double cy = (t.GetYCentreLine2() - Y1) / L;
-    return {(global.y - Y1) * cy + (global.x - X1) * cx, (global.y - Y1) * cx - (global.x - X1) * cy};
+    return {(global.y - Y1) * cy + (global.x - X1) * cx,
+            (global.y - Y1) * cx - (global.x - X1) * cy};
 }
 
 ZorvoData::SLevels ZorvoData::LevelsForTunnel(const GeoTunnel& t, double L, double D,
@@ -265,8 +264,7 @@ ZorvoData::SLevels ZorvoData::GetLevelsForTunnelCalcs(int tunnel, int index,
                                                       const Vec2<double>& local,
                                                       const double& z) const {
     const GeoTunnel& t = GetTunnel(tunnel);
-    return LevelsForTunnel(t, t.GetPlanLength(), GetTunnelDiameterInStage(tunnel, index), local,
-                           z);
+    return LevelsForTunnel(t, t.GetPlanLength(), GetTunnelDiameterInStage(tunnel, index), local, z);
 }
 
 bool ZorvoData::WarningMairZOverZ0(int stage, int tunnel, const Vec3<double>& point) const {

@@ -26,13 +26,13 @@ class ZorvoData : public LodraZorvoData {
   public:
     // Levels of a tunnel at a point (metres), from GetLevelsForTunnelCalcs.
     struct SLevels {
-        double groundLevel;         // ground level at the point
-        double axisLevel;           // tunnel axis level at the point
-        double pointAboveAxis;      // point level less the axis level, h
+        double groundLevel;              // ground level at the point
+        double axisLevel;                // tunnel axis level at the point
+        double pointAboveAxis;           // point level less the axis level, h
         double pointAboveAxisPlusRadius; // h + D / 2
-        double interfaceAboveAxis;  // soil interface less the axis level, hI
-        double groundAboveAxis;     // ground less the axis level, z0
-        double interfaceLevel;      // soil interface level at the point
+        double interfaceAboveAxis;       // soil interface less the axis level, hI
+        double groundAboveAxis;          // ground less the axis level, z0
+        double interfaceLevel;           // soil interface level at the point
     };
 
     ZorvoData();

@@ -19,28 +19,40 @@ std::string Number(const char* format, double v) {
 
 const char* FamilyFile(EPointType family) {
     switch (family) {
-    case ePoint: return "points.csv";
-    case eLine: return "lines.csv";
-    case ePolyline: return "polylines.csv";
-    default: return "grids.csv";
+    case ePoint:
+        return "points.csv";
+    case eLine:
+        return "lines.csv";
+    case ePolyline:
+        return "polylines.csv";
+    default:
+        return "grids.csv";
     }
 }
 
 int FamilyCount(const ZorvoData& doc, EPointType family) {
     switch (family) {
-    case ePoint: return doc.NumDisplacementPoints(false);
-    case eLine: return doc.NumDisplacementLines(false);
-    case ePolyline: return doc.NumDisplacementPolylines(false);
-    default: return doc.NumDisplacementGrids(false);
+    case ePoint:
+        return doc.NumDisplacementPoints(false);
+    case eLine:
+        return doc.NumDisplacementLines(false);
+    case ePolyline:
+        return doc.NumDisplacementPolylines(false);
+    default:
+        return doc.NumDisplacementGrids(false);
     }
 }
 
 const CDisplacementData& Record(const ZorvoData& doc, EPointType family, int n) {
     switch (family) {
-    case ePoint: return doc.GetDisplacementPoint(n);
-    case eLine: return doc.GetDisplacementLine(n);
-    case ePolyline: return doc.GetDisplacementPolyline(n);
-    default: return doc.GetDisplacementGrid(n);
+    case ePoint:
+        return doc.GetDisplacementPoint(n);
+    case eLine:
+        return doc.GetDisplacementLine(n);
+    case ePolyline:
+        return doc.GetDisplacementPolyline(n);
+    default:
+        return doc.GetDisplacementGrid(n);
     }
 }
 

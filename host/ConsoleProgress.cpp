@@ -12,21 +12,36 @@ namespace {
 
 const char* FamilyName(long long code) {
     switch (code) {
-    case 40: return "points";
-    case 41: return "lines";
-    case 42: return "polylines";
-    case 43: return "grids";
-    case 44: return "specific buildings";
-    case 45: return "specific utilities";
-    case 46: return "generic buildings";
-    case 47: return "generic utilities";
-    case 48: return "rail tracks";
-    case 49: return "rail damage";
-    case 50: return "specific utility damage";
-    case 51: return "generic utility damage";
-    case 52: return "specific building damage";
-    case 53: return "generic building damage";
-    default: return nullptr;
+    case 40:
+        return "points";
+    case 41:
+        return "lines";
+    case 42:
+        return "polylines";
+    case 43:
+        return "grids";
+    case 44:
+        return "specific buildings";
+    case 45:
+        return "specific utilities";
+    case 46:
+        return "generic buildings";
+    case 47:
+        return "generic utilities";
+    case 48:
+        return "rail tracks";
+    case 49:
+        return "rail damage";
+    case 50:
+        return "specific utility damage";
+    case 51:
+        return "generic utility damage";
+    case 52:
+        return "specific building damage";
+    case 53:
+        return "generic building damage";
+    default:
+        return nullptr;
     }
 }
 
@@ -35,11 +50,16 @@ constexpr int kBarWidth = 30;
 // Objects of the family a message announces.
 int FamilyCount(const Data::ZorvoData& doc, long long code) {
     switch (code) {
-    case 40: return doc.NumDisplacementPoints(false);
-    case 41: return doc.NumDisplacementLines(false);
-    case 42: return doc.NumDisplacementPolylines(false);
-    case 43: return doc.NumDisplacementGrids(false);
-    default: return 0;
+    case 40:
+        return doc.NumDisplacementPoints(false);
+    case 41:
+        return doc.NumDisplacementLines(false);
+    case 42:
+        return doc.NumDisplacementPolylines(false);
+    case 43:
+        return doc.NumDisplacementGrids(false);
+    default:
+        return 0;
     }
 }
 

@@ -90,10 +90,14 @@ int Check(const std::string& path, std::ostream& out, std::ostream& err) {
 
 const char* FamilyWord(EPointType t) {
     switch (t) {
-    case ePoint: return "Point";
-    case eLine: return "Line";
-    case ePolyline: return "Polyline";
-    default: return "Grid";
+    case ePoint:
+        return "Point";
+    case eLine:
+        return "Line";
+    case ePolyline:
+        return "Polyline";
+    default:
+        return "Grid";
     }
 }
 
@@ -121,7 +125,8 @@ void PrintSummary(const ZorvoData& doc, std::ostream& out) {
                 for (const GeoDispResult& r : row) {
                     ++samples;
                     const double h = std::hypot(r.GetXdisplacement(), r.GetYdisplacement());
-                    if (!settlement.at || std::fabs(r.GetZdisplacement()) > std::fabs(settlement.value))
+                    if (!settlement.at ||
+                        std::fabs(r.GetZdisplacement()) > std::fabs(settlement.value))
                         settlement = {r.GetZdisplacement(), &r, buf};
                     if (!horizontal.at || h > horizontal.value)
                         horizontal = {h, &r, buf};
@@ -144,7 +149,8 @@ void PrintSummary(const ZorvoData& doc, std::ostream& out) {
 }
 
 bool SameFile(const std::string& a, const std::string& b) {
-    struct stat sa {}, sb {};
+    struct stat sa {
+    }, sb{};
     if (::stat(a.c_str(), &sa) != 0 || ::stat(b.c_str(), &sb) != 0)
         return a == b;
     return sa.st_dev == sb.st_dev && sa.st_ino == sb.st_ino;
@@ -187,8 +193,8 @@ int Solve(const std::string& path, const std::string& output, const std::string&
     }
     if (!output.empty()) {
         if (partial && SameFile(output, path)) {
-            err << "zorvo: the run was cancelled; its partial results are not saved over "
-                << path << '\n';
+            err << "zorvo: the run was cancelled; its partial results are not saved over " << path
+                << '\n';
         } else {
             try {
                 ZorvoModelFile::Save(output, doc);

@@ -69,14 +69,13 @@ void WriteResults(const ZorvoData& doc, CDataFile& f, int record) {
         for (const auto& row : stage) {
             for (const GeoDispResult& r : row) {
                 const Vec3<double>& p = r.GetPoint();
-                values.insert(values.end(),
-                              {p.x, p.y, p.z, r.GetXdisplacement(), r.GetYdisplacement(),
-                               r.GetZdisplacement(), r.GetMajorPrincipalStrain(),
-                               r.GetMinorPrincipalStrain(), r.GetPrincipalStrainAngle(),
-                               static_cast<double>(r.GetPointType()),
-                               static_cast<double>(r.GetPointGroup()),
-                               static_cast<double>(r.GetImportMatch()),
-                               r.Name().IsEmpty() ? 0.0 : 1.0});
+                values.insert(
+                    values.end(),
+                    {p.x, p.y, p.z, r.GetXdisplacement(), r.GetYdisplacement(),
+                     r.GetZdisplacement(), r.GetMajorPrincipalStrain(), r.GetMinorPrincipalStrain(),
+                     r.GetPrincipalStrainAngle(), static_cast<double>(r.GetPointType()),
+                     static_cast<double>(r.GetPointGroup()),
+                     static_cast<double>(r.GetImportMatch()), r.Name().IsEmpty() ? 0.0 : 1.0});
             }
         }
     }

@@ -66,7 +66,8 @@ void ZorvoModelFile::Read(CDataFile& file, ZorvoData& doc, std::vector<std::stri
     doc = std::move(loaded);
 }
 
-void ZorvoModelFile::Load(const std::string& path, ZorvoData& doc, std::vector<std::string>* notes) {
+void ZorvoModelFile::Load(const std::string& path, ZorvoData& doc,
+                          std::vector<std::string>* notes) {
     CDataFile file = CDataFile::FromFile(path);
     Read(file, doc, notes);
 }

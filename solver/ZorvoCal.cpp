@@ -240,8 +240,7 @@ int ZorvoCal::Tunnels(const ZorvoData& doc, int stage, const double& x, const do
         disp[2] += Sz;
         *volumeTerm += (P - Q * sqrtTwoPi * (F1 - F2)) * (Ey * B);
 
-        const double theta =
-            -std::atan2(tun.GetYCentreLine2() - Y1, tun.GetXCentreLine2() - X1);
+        const double theta = -std::atan2(tun.GetYCentreLine2() - Y1, tun.GetXCentreLine2() - X1);
         double rotated[3];
         ZorvoData::tun26_(2, theta, e, rotated);
         for (int j = 0; j < 3; ++j)

@@ -23,8 +23,8 @@ ZorvoSolver::ZorvoSolver(ZorvoData* document, CLodraZorvoPrefData* preferences,
     : m_doc(document), m_prefs(preferences), m_handler(handler), m_cancel(std::move(cancel)) {}
 
 ZorvoSolver::ZorvoSolver(const ZorvoSolver& o)
-    : m_doc(o.m_doc), m_prefs(o.m_prefs), m_handler(o.m_handler),
-      m_cancelled(o.m_cancelled.load()), m_cancel(o.m_cancel) {}
+    : m_doc(o.m_doc), m_prefs(o.m_prefs), m_handler(o.m_handler), m_cancelled(o.m_cancelled.load()),
+      m_cancel(o.m_cancel) {}
 
 ZorvoSolver& ZorvoSolver::operator=(const ZorvoSolver& o) {
     m_doc = o.m_doc;

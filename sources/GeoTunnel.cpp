@@ -11,10 +11,9 @@ namespace Tevra::Data {
 
 const wchar_t* const GeoTunnel::SOIL_TYPE_STRINGS[3] = {L"Not used", L"Cohesive", L"Granular"};
 const wchar_t* const GeoTunnel::K_DERIVATION_STRINGS[6] = {
-    L"Not used", L"O'Reilly and New", L"Boscardin", L"Mair et al.", L"User-specified k",
-    L"Selby"};
-const wchar_t* const GeoTunnel::SUB_SURFACE_METHOD_STRINGS[3] = {
-    L"Mair et al.", L"New and Bowers", L"Harris and Alvarado"};
+    L"Not used", L"O'Reilly and New", L"Boscardin", L"Mair et al.", L"User-specified k", L"Selby"};
+const wchar_t* const GeoTunnel::SUB_SURFACE_METHOD_STRINGS[3] = {L"Mair et al.", L"New and Bowers",
+                                                                 L"Harris and Alvarado"};
 const GeoTunnel::EkDerivation GeoTunnel::SURFACE_K_DERIVATIONS[4] = {
     ekUserSpecified, ekOReillyAndNew, ekBoscardin, ekSelby};
 const GeoTunnel::EkDerivation GeoTunnel::SUB_SURFACE_K_DERIVATIONS[4] = {
@@ -138,8 +137,8 @@ void GeoTunnel::Write(FileIO::CDataFile& f) const {
         f.WriteEnum(jnKDerivation, m_kDerivation[eSurface], K_DERIVATION_STRINGS, 6);
         f.EndObject();
     } else {
-        for (double v : {m_x1, m_x2, m_y1, m_y2, m_z1, m_z2, m_interface1, m_interface2,
-                         m_ground1, m_ground2, m_diameter, m_percentLoss})
+        for (double v : {m_x1, m_x2, m_y1, m_y2, m_z1, m_z2, m_interface1, m_interface2, m_ground1,
+                         m_ground2, m_diameter, m_percentLoss})
             f.WriteDouble(jnX, v);
         f.WriteInt(jnSoilType, m_soilType);
         f.WriteDouble(jnK, m_k[eSubSurface]);
@@ -213,13 +212,12 @@ void GeoTunnel::Read(FileIO::CDataFile& f, int) {
 bool GeoTunnel::operator==(const GeoTunnel& o) const {
     return m_name == o.m_name && m_x1 == o.m_x1 && m_x2 == o.m_x2 && m_y1 == o.m_y1 &&
            m_y2 == o.m_y2 && m_z1 == o.m_z1 && m_z2 == o.m_z2 && m_interface1 == o.m_interface1 &&
-           m_interface2 == o.m_interface2 && m_ground1 == o.m_ground1 &&
-           m_ground2 == o.m_ground2 && m_diameter == o.m_diameter &&
-           m_percentLoss == o.m_percentLoss && m_k[0] == o.m_k[0] && m_k[1] == o.m_k[1] &&
-           m_m == o.m_m && m_soilType == o.m_soilType && m_numLayers == o.m_numLayers &&
-           m_kDerivation[0] == o.m_kDerivation[0] && m_kDerivation[1] == o.m_kDerivation[1] &&
-           m_subSurfaceMethod == o.m_subSurfaceMethod && m_show == o.m_show &&
-           m_label == o.m_label;
+           m_interface2 == o.m_interface2 && m_ground1 == o.m_ground1 && m_ground2 == o.m_ground2 &&
+           m_diameter == o.m_diameter && m_percentLoss == o.m_percentLoss && m_k[0] == o.m_k[0] &&
+           m_k[1] == o.m_k[1] && m_m == o.m_m && m_soilType == o.m_soilType &&
+           m_numLayers == o.m_numLayers && m_kDerivation[0] == o.m_kDerivation[0] &&
+           m_kDerivation[1] == o.m_kDerivation[1] && m_subSurfaceMethod == o.m_subSurfaceMethod &&
+           m_show == o.m_show && m_label == o.m_label;
 }
 
 } // namespace Tevra::Data

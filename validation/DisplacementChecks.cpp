@@ -11,16 +11,16 @@ namespace {
 constexpr double kMinExtent = 0.001;
 
 template <class Get>
-void OfSurfaceType(int count, Get get, bool calcOnly, ESurfaceType t, std::set<int> &out) {
+void OfSurfaceType(int count, Get get, bool calcOnly, ESurfaceType t, std::set<int>& out) {
     for (int n = 1; n <= count; ++n) {
-        const auto &r = get(n);
+        const auto& r = get(n);
         if (r.GetSurfaceType() == t && (!calcOnly || r.GetCalculate()))
             out.insert(n);
     }
 }
 
-CString Text(const wchar_t *format, int a) { return CString::Formatted(format, a); }
-CString Text(const wchar_t *format, int a, int b) { return CString::Formatted(format, a, b); }
+CString Text(const wchar_t* format, int a) { return CString::Formatted(format, a); }
+CString Text(const wchar_t* format, int a, int b) { return CString::Formatted(format, a, b); }
 
 } // namespace
 
@@ -29,7 +29,7 @@ int LodraZorvoData::NumDisplacementData() const {
            NumDisplacementPolylines(false) + NumDisplacementGrids(false);
 }
 
-void LodraZorvoData::GetDisplacementTypeIndex(int n, EPointType &type, int &index) const {
+void LodraZorvoData::GetDisplacementTypeIndex(int n, EPointType& type, int& index) const {
     const int counts[4] = {NumDisplacementPoints(false), NumDisplacementLines(false),
                            NumDisplacementPolylines(false), NumDisplacementGrids(false)};
     const EPointType types[4] = {ePoint, eLine, ePolyline, eGrid};
@@ -45,7 +45,7 @@ void LodraZorvoData::GetDisplacementTypeIndex(int n, EPointType &type, int &inde
     index = 0;
 }
 
-const CDisplacementData &LodraZorvoData::GetDisplacementData(int n) const {
+const CDisplacementData& LodraZorvoData::GetDisplacementData(int n) const {
     EPointType type;
     int index;
     GetDisplacementTypeIndex(n, type, index);
@@ -61,7 +61,7 @@ const CDisplacementData &LodraZorvoData::GetDisplacementData(int n) const {
     }
 }
 
-bool LodraZorvoData::GetDisplacementLocation(EPointType type, int index, int l, Vec3<double> &p,
+bool LodraZorvoData::GetDisplacementLocation(EPointType type, int index, int l, Vec3<double>& p,
                                              bool) const {
     switch (type) {
     case ePoint:
@@ -75,17 +75,17 @@ bool LodraZorvoData::GetDisplacementLocation(EPointType type, int index, int l, 
     case ePolyline: {
         if (!DisplacementPolylineExists(index))
             return false;
-        const CDisplacementPolyline &r = GetDisplacementPolyline(index);
+        const CDisplacementPolyline& r = GetDisplacementPolyline(index);
         const int J = r.GetIntervalsAlongLine();
         if (!PolylineExists(r.GetPolyline()) || J < 1 || l < 1 || l > J + 1)
             return false;
-        const CPolylinePlus &poly = GetPolyline(r.GetPolyline());
+        const CPolylinePlus& poly = GetPolyline(r.GetPolyline());
         return poly.PointAt((l - 1) * (poly.Len(true) / J), p) >= 0;
     }
     case eGrid: {
         if (!DisplacementGridExists(index))
             return false;
-        const CDisplacementGrid &g = GetDisplacementGrid(index);
+        const CDisplacementGrid& g = GetDisplacementGrid(index);
         const int A = g.GetIntervalsAlongLine(), B = g.GetIntervalsAlongExtrusion();
         if (A < 1 || B < 1 || l < 1 || l > (A + 1) * (B + 1))
             return false;
@@ -108,41 +108,41 @@ bool LodraZorvoData::GetDisplacementLocation(EPointType type, int index, int l, 
 }
 
 void LodraZorvoData::GetPointsOfSurfaceType(bool calcOnly, ESurfaceType t,
-                                            std::set<int> &out) const {
+                                            std::set<int>& out) const {
     OfSurfaceType(
         NumDisplacementPoints(false),
-        [this](int n) -> const CDisplacementData & { return GetDisplacementPoint(n); }, calcOnly, t,
+        [this](int n) -> const CDisplacementData& { return GetDisplacementPoint(n); }, calcOnly, t,
         out);
 }
 
 void LodraZorvoData::GetLinesOfSurfaceType(bool calcOnly, ESurfaceType t,
-                                           std::set<int> &out) const {
+                                           std::set<int>& out) const {
     OfSurfaceType(
         NumDisplacementLines(false),
-        [this](int n) -> const CDisplacementData & { return GetDisplacementLine(n); }, calcOnly, t,
+        [this](int n) -> const CDisplacementData& { return GetDisplacementLine(n); }, calcOnly, t,
         out);
 }
 
 void LodraZorvoData::GetPolylinesOfSurfaceType(bool calcOnly, ESurfaceType t,
-                                               std::set<int> &out) const {
+                                               std::set<int>& out) const {
     OfSurfaceType(
         NumDisplacementPolylines(false),
-        [this](int n) -> const CDisplacementData & { return GetDisplacementPolyline(n); }, calcOnly,
+        [this](int n) -> const CDisplacementData& { return GetDisplacementPolyline(n); }, calcOnly,
         t, out);
 }
 
 void LodraZorvoData::GetGridsOfSurfaceType(bool calcOnly, ESurfaceType t,
-                                           std::set<int> &out) const {
+                                           std::set<int>& out) const {
     OfSurfaceType(
         NumDisplacementGrids(false),
-        [this](int n) -> const CDisplacementData & { return GetDisplacementGrid(n); }, calcOnly, t,
+        [this](int n) -> const CDisplacementData& { return GetDisplacementGrid(n); }, calcOnly, t,
         out);
 }
 
-bool LodraZorvoData::DisplacementPointErrors(std::vector<CString> &messages) const {
+bool LodraZorvoData::DisplacementPointErrors(std::vector<CString>& messages) const {
     messages.clear();
     for (int n = 1; n <= NumDisplacementPoints(false); ++n) {
-        const Vec3<double> &p = GetDisplacementPoint(n).GetPoint();
+        const Vec3<double>& p = GetDisplacementPoint(n).GetPoint();
         if (GetDisplacementPoint(n).GetCalculate() &&
             !(std::isfinite(p.x) && std::isfinite(p.y) && std::isfinite(p.z)))
             messages.push_back(
@@ -151,10 +151,10 @@ bool LodraZorvoData::DisplacementPointErrors(std::vector<CString> &messages) con
     return !messages.empty();
 }
 
-bool LodraZorvoData::DisplacementLineErrors(std::vector<CString> &messages) const {
+bool LodraZorvoData::DisplacementLineErrors(std::vector<CString>& messages) const {
     messages.clear();
     for (int n = 1; n <= NumDisplacementLines(false); ++n) {
-        const CDisplacementLine &l = GetDisplacementLine(n);
+        const CDisplacementLine& l = GetDisplacementLine(n);
         if (!l.GetCalculate())
             continue;
         if (!(l.GetLength(false) >= kMinExtent))
@@ -165,10 +165,10 @@ bool LodraZorvoData::DisplacementLineErrors(std::vector<CString> &messages) cons
     return !messages.empty();
 }
 
-bool LodraZorvoData::DisplacementPolylineErrors(std::vector<CString> &messages) const {
+bool LodraZorvoData::DisplacementPolylineErrors(std::vector<CString>& messages) const {
     messages.clear();
     for (int n = 1; n <= NumDisplacementPolylines(false); ++n) {
-        const CDisplacementPolyline &r = GetDisplacementPolyline(n);
+        const CDisplacementPolyline& r = GetDisplacementPolyline(n);
         if (!r.GetCalculate())
             continue;
         const int p = r.GetPolyline();
@@ -190,10 +190,10 @@ bool LodraZorvoData::DisplacementPolylineErrors(std::vector<CString> &messages) 
     return !messages.empty();
 }
 
-bool LodraZorvoData::DisplacementGridErrors(std::vector<CString> &messages) const {
+bool LodraZorvoData::DisplacementGridErrors(std::vector<CString>& messages) const {
     messages.clear();
     for (int n = 1; n <= NumDisplacementGrids(false); ++n) {
-        const CDisplacementGrid &g = GetDisplacementGrid(n);
+        const CDisplacementGrid& g = GetDisplacementGrid(n);
         if (!g.GetCalculate())
             continue;
         if (!((g.GetPoint2() - g.GetPoint1()).Length() >= kMinExtent) ||
@@ -212,7 +212,7 @@ bool LodraZorvoData::DisplacementGridErrors(std::vector<CString> &messages) cons
 namespace {
 
 template <class Get>
-bool NotCalculated(int count, Get get, const wchar_t *format, std::vector<CString> &messages) {
+bool NotCalculated(int count, Get get, const wchar_t* format, std::vector<CString>& messages) {
     messages.clear();
     for (int n = 1; n <= count; ++n)
         if (!get(n).GetCalculate())
@@ -222,31 +222,31 @@ bool NotCalculated(int count, Get get, const wchar_t *format, std::vector<CStrin
 
 } // namespace
 
-bool LodraZorvoData::DisplacementPointWarnings(std::vector<CString> &messages) const {
+bool LodraZorvoData::DisplacementPointWarnings(std::vector<CString>& messages) const {
     return NotCalculated(
         NumDisplacementPoints(false),
-        [this](int n) -> const CDisplacementData & { return GetDisplacementPoint(n); },
+        [this](int n) -> const CDisplacementData& { return GetDisplacementPoint(n); },
         L"Displacements are not calculated for Displacement Point %i.", messages);
 }
 
-bool LodraZorvoData::DisplacementLineWarnings(std::vector<CString> &messages) const {
+bool LodraZorvoData::DisplacementLineWarnings(std::vector<CString>& messages) const {
     return NotCalculated(
         NumDisplacementLines(false),
-        [this](int n) -> const CDisplacementData & { return GetDisplacementLine(n); },
+        [this](int n) -> const CDisplacementData& { return GetDisplacementLine(n); },
         L"Displacements are not calculated for Displacement Line %i.", messages);
 }
 
-bool LodraZorvoData::DisplacementPolylineWarnings(std::vector<CString> &messages) const {
+bool LodraZorvoData::DisplacementPolylineWarnings(std::vector<CString>& messages) const {
     return NotCalculated(
         NumDisplacementPolylines(false),
-        [this](int n) -> const CDisplacementData & { return GetDisplacementPolyline(n); },
+        [this](int n) -> const CDisplacementData& { return GetDisplacementPolyline(n); },
         L"Displacements are not calculated for Displacement Polyline %i.", messages);
 }
 
-bool LodraZorvoData::DisplacementGridWarnings(std::vector<CString> &messages) const {
+bool LodraZorvoData::DisplacementGridWarnings(std::vector<CString>& messages) const {
     return NotCalculated(
         NumDisplacementGrids(false),
-        [this](int n) -> const CDisplacementData & { return GetDisplacementGrid(n); },
+        [this](int n) -> const CDisplacementData& { return GetDisplacementGrid(n); },
         L"Displacements are not calculated for Displacement Grid %i.", messages);
 }
 

@@ -211,9 +211,8 @@ bool ZorvoData::StageErrors(std::vector<CString>& messages, bool& cancelled,
         const int records = type == eElementTunnel ? NumTunnels() : 0;
         const int highest = sp.GetRefs().MaxItem(0);
         if (highest > records)
-            pass.Add(CString::Formatted(Message(4072).GetString(), p,
-                                        ELEMENT_TYPE_STRING_IDS[type], highest, records,
-                                        kPlural[type]));
+            pass.Add(CString::Formatted(Message(4072).GetString(), p, ELEMENT_TYPE_STRING_IDS[type],
+                                        highest, records, kPlural[type]));
     }
     return pass.Finish();
 }

@@ -19,8 +19,8 @@ inline void FuzzModelFile(const std::string& bytes) {
     }
     for (auto form : {FileIO::CDataFile::eJson, FileIO::CDataFile::eBinary}) {
         try {
-            FileIO::CDataFile again =
-                FileIO::CDataFile::FromBytes(FileIO::ZorvoModelFile::Write(doc, form).Contents(), "again");
+            FileIO::CDataFile again = FileIO::CDataFile::FromBytes(
+                FileIO::ZorvoModelFile::Write(doc, form).Contents(), "again");
             Data::ZorvoData back;
             FileIO::ZorvoModelFile::Read(again, back, nullptr);
         } catch (const FileIO::CDataFileError&) {

@@ -50,7 +50,8 @@ Outcome Executable(const std::string& args) {
     const std::string command = "cd '" + kSource + "' && '" + ZORVO_EXE + "' " + args + " > '" +
                                 dir + "/out' 2> '" + dir + "/err'";
     const int raw = std::system(command.c_str());
-    Outcome r{WIFEXITED(raw) ? WEXITSTATUS(raw) : -1, ReadFile(dir + "/out"), ReadFile(dir + "/err")};
+    Outcome r{WIFEXITED(raw) ? WEXITSTATUS(raw) : -1, ReadFile(dir + "/out"),
+              ReadFile(dir + "/err")};
     std::system(("rm -rf '" + dir + "'").c_str());
     return r;
 }
@@ -132,7 +133,8 @@ TEST(Host, GoldenOutputsOfTheExecutable) {
 // The tables the executable writes hold the library's own results, sample by sample.
 TEST(Host, CsvTablesMatchTheLibrary) {
     const std::string dir = TempDir();
-    const Outcome solve = Executable("solve examples/twin-tunnels.json --threads 2 --csv '" + dir + "'");
+    const Outcome solve =
+        Executable("solve examples/twin-tunnels.json --threads 2 --csv '" + dir + "'");
     ASSERT_EQ(solve.status, 0) << solve.err;
 
     ZorvoData doc;

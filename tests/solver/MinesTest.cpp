@@ -185,7 +185,6 @@ void LiteralMines(const ZorvoData& doc, double x, double y, double* disp, double
 
 bool SameBits(double a, double b) { return std::memcmp(&a, &b, sizeof a) == 0; }
 
-
 Movement At(const ZorvoData& doc, double x, double y) {
     return MovementAt(doc, 0, x, y, 0.0, eSurface);
 }

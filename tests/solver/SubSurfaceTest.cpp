@@ -45,7 +45,6 @@ GeoTunnel Tunnel(GeoTunnel::ESubSurfaceMethod method) {
     return t;
 }
 
-
 Movement At(const ZorvoData& doc, double x, double y, double z) {
     return MovementAt(doc, 0, x, y, z, eSubSurface);
 }

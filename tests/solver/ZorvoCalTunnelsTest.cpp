@@ -24,12 +24,10 @@ const double kSmaxTimesI = 169.19740853759254;
 const double kMm = 1e-6;
 const double kStrain = 1e-9;
 
-
 // 2 km along X, centred on the origin: at x = 0 both ends are over 100 widths away.
 GeoTunnel Tunnel(double x1, double y1, double x2, double y2) {
     return StraightTunnel(x1, y1, x2, y2);
 }
-
 
 Movement At(const ZorvoData& doc, int stage, double x, double y, double z) {
     return MovementAt(doc, stage, x, y, z, eSurface);

@@ -220,7 +220,8 @@ TEST(StageErrors, ReferencesThatDoNotExist) {
     EXPECT_TRUE(doc.StageErrors(m, cancelled));
     ASSERT_EQ(m.size(), 5u);
     EXPECT_EQ(m[0], CString(L"Stage: Drive refers to Tunnel  2 which does not exist."));
-    EXPECT_EQ(m[1], CString(L"Stage: Drive refers to Polygonal Excavation 1 which does not exist."));
+    EXPECT_EQ(m[1],
+              CString(L"Stage: Drive refers to Polygonal Excavation 1 which does not exist."));
     EXPECT_EQ(m[2], CString(L"Stage Property 1 refers to Stage 3 which is non-existent."));
     EXPECT_EQ(m[3], CString(L"Stage Properties 1 has no value(s)."));
     EXPECT_EQ(m[4], CString(L"Stage Property 1 refers to Tunnel 2, but only 1 Tunnels have been "
@@ -253,6 +254,7 @@ TEST(DisplacementChecks, RecordsWithoutExtentOrReference) {
     EXPECT_TRUE(doc.DisplacementGridErrors(m));
     EXPECT_EQ(m.size(), 1u);
     EXPECT_TRUE(doc.DisplacementGridWarnings(m));
-    EXPECT_EQ(m, (std::vector<CString>{L"Displacements are not calculated for Displacement Grid 2."}));
+    EXPECT_EQ(m,
+              (std::vector<CString>{L"Displacements are not calculated for Displacement Grid 2."}));
     EXPECT_TRUE(doc.ErrorsExist());
 }
