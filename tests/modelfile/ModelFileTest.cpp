@@ -1,6 +1,7 @@
 #include "base/CDataFile.h"
 #include "base/JsonNameID.h"
 #include "modelfile/ZorvoDataElement.h"
+#include "modelfile/ZorvoDataHelpers.h"
 #include "modelfile/ZorvoModelFile.h"
 #include "solver/ZorvoSolver.h"
 
@@ -393,4 +394,33 @@ TEST(ModelFile, NamesWithNoCharactersStillRoundTrip) {
     ZorvoModelFile::Read(in, doc, nullptr);
     EXPECT_EQ(doc.GetTunnel(1).GetName(), CString(L"A\uFFFDB"));
     EXPECT_TRUE(RoundTrip(doc, CDataFile::eJson) == doc);
+}
+
+TEST(ModelFile, HelpersStandInTheFileOrderWithTheirKeys) {
+    ZorvoData doc;
+    ZorvoDataHelpers helpers(doc);
+    const std::vector<std::pair<int, std::wstring>> expected = {
+        {10, L"File history"},
+        {202001, L"Parameters"},
+        {200011, L"Displacement Points"},
+        {200012, L"Displacement Lines"},
+        {200013, L"Displacement Polylines"},
+        {200014, L"Displacement Grids"},
+        {202010, L"Tunnels"},
+        {202020, L"Mine Seams"},
+        {202110, L"Graphic Settings"},
+        {202290, L"ReEntrantCornerOptions"},
+        {202220, L"Polylines"},
+        {202240, L"Stages"},
+        {202250, L"Stage Properties"},
+        {202100, L"Results"},
+    };
+    ASSERT_EQ(helpers.Helpers().size(), expected.size());
+    for (size_t k = 0; k < expected.size(); ++k) {
+        EXPECT_EQ(helpers.Helpers()[k]->GetDataKey(), expected[k].first);
+        EXPECT_EQ(helpers.Helpers()[k]->GetDataDescription().Str(), expected[k].second);
+    }
+    EXPECT_EQ(helpers.KeyFromHelpers(L"Tunnels")->GetDataBinary(), 10);
+    EXPECT_EQ(helpers.KeyFromHelpers(L"Mine Seams")->GetDataBinary(), 4);
+    EXPECT_EQ(helpers.KeyFromHelpers(L"Bridges"), nullptr);
 }
