@@ -23,4 +23,19 @@ inline void ReadPoint(CDataFile& f, int name, Vec3<double>& p) {
     f.LeaveObject();
 }
 
+// A point in plan as a nested object {x, y} in the JSON form, two numbers in binary.
+inline void WritePlanPoint(CDataFile& f, int name, double x, double y) {
+    f.BeginObject(name);
+    f.WriteDouble(jnX, x);
+    f.WriteDouble(jnY, y);
+    f.EndObject();
+}
+
+inline void ReadPlanPoint(CDataFile& f, int name, double& x, double& y) {
+    f.EnterObject(name);
+    f.ReadDouble(jnX, x);
+    f.ReadDouble(jnY, y);
+    f.LeaveObject();
+}
+
 } // namespace Tevra::FileIO

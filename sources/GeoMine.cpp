@@ -2,6 +2,7 @@
 
 #include "base/CDataFile.h"
 #include "base/JsonNameID.h"
+#include "base/Vec3IO.h"
 
 #include <algorithm>
 #include <cmath>
@@ -107,14 +108,8 @@ void GeoMine::Write(FileIO::CDataFile& f) const {
     f.EndObject();
     if (f.IsJson()) {
         f.BeginObject(jnCentreLine);
-        f.BeginObject(jnPlanStart);
-        f.WriteDouble(jnX, m_x1);
-        f.WriteDouble(jnY, m_y1);
-        f.EndObject();
-        f.BeginObject(jnPlanEnd);
-        f.WriteDouble(jnX, m_x2);
-        f.WriteDouble(jnY, m_y2);
-        f.EndObject();
+        WritePlanPoint(f, jnPlanStart, m_x1, m_y1);
+        WritePlanPoint(f, jnPlanEnd, m_x2, m_y2);
         f.EndObject();
     } else {
         for (double v : {m_x1, m_x2, m_y1, m_y2})
@@ -137,14 +132,8 @@ void GeoMine::Read(FileIO::CDataFile& f, int) {
     f.LeaveObject();
     if (f.IsJson()) {
         f.EnterObject(jnCentreLine);
-        f.EnterObject(jnPlanStart);
-        f.ReadDouble(jnX, m_x1);
-        f.ReadDouble(jnY, m_y1);
-        f.LeaveObject();
-        f.EnterObject(jnPlanEnd);
-        f.ReadDouble(jnX, m_x2);
-        f.ReadDouble(jnY, m_y2);
-        f.LeaveObject();
+        ReadPlanPoint(f, jnPlanStart, m_x1, m_y1);
+        ReadPlanPoint(f, jnPlanEnd, m_x2, m_y2);
         f.LeaveObject();
     } else {
         for (double* v : {&m_x1, &m_x2, &m_y1, &m_y2})
