@@ -1,9 +1,13 @@
 #include "CDisplacementCsv.h"
 
-#include <cstdio>
+#include <cerrno>
+#include <charconv>
+#include <cmath>
+#include <cstring>
 #include <fstream>
+#include <limits>
 #include <stdexcept>
-#include <sys/stat.h>
+#include <unistd.h>
 
 namespace Tevra {
 
@@ -11,11 +15,21 @@ using namespace Data;
 
 namespace {
 
-std::string Number(const char* format, double v) {
-    char buf[64];
-    std::snprintf(buf, sizeof buf, format, v);
-    return buf;
+// A number in full, as printf would write it with that precision, fixed-point or
+// general; values that are not finite as nan, inf and -inf whatever their sign bits.
+std::string Number(double v, std::chars_format format, int precision) {
+    if (std::isnan(v))
+        return "nan";
+    if (std::isinf(v))
+        return v > 0 ? "inf" : "-inf";
+    // Room for the 309 digits of the largest double in fixed-point, and its decimals.
+    char buf[std::numeric_limits<double>::max_exponent10 + 64];
+    const auto r = std::to_chars(buf, buf + sizeof buf, v, format, precision);
+    return std::string(buf, r.ptr);
 }
+
+std::string Fixed(double v, int decimals) { return Number(v, std::chars_format::fixed, decimals); }
+std::string General(double v) { return Number(v, std::chars_format::general, 9); }
 
 const char* FamilyFile(EPointType family) {
     switch (family) {
@@ -91,14 +105,13 @@ void CDisplacementCsv::WriteFamily(const ZorvoData& doc, EPointType family, std:
                     const GeoDispResult& r = results[first][second];
                     const Vec3<double>& p = r.GetPoint();
                     out << s << ',' << stageName << ',' << n << ',' << name << ',' << first << ','
-                        << second << ',' << Number("%.4f", p.x) << ',' << Number("%.4f", p.y) << ','
-                        << Number("%.4f", p.z) << ','
-                        << Number("%.6f", r.GetXdisplacement() * 1000.0) << ','
-                        << Number("%.6f", r.GetYdisplacement() * 1000.0) << ','
-                        << Number("%.6f", r.GetZdisplacement() * 1000.0) << ','
-                        << Number("%.9g", r.GetMajorPrincipalStrain()) << ','
-                        << Number("%.9g", r.GetMinorPrincipalStrain()) << ','
-                        << Number("%.9g", r.GetPrincipalStrainAngle()) << '\n';
+                        << second << ',' << Fixed(p.x, 4) << ',' << Fixed(p.y, 4) << ','
+                        << Fixed(p.z, 4) << ',' << Fixed(r.GetXdisplacement() * 1000.0, 6) << ','
+                        << Fixed(r.GetYdisplacement() * 1000.0, 6) << ','
+                        << Fixed(r.GetZdisplacement() * 1000.0, 6) << ','
+                        << General(r.GetMajorPrincipalStrain()) << ','
+                        << General(r.GetMinorPrincipalStrain()) << ','
+                        << General(r.GetPrincipalStrainAngle()) << '\n';
                 }
             }
         }
@@ -106,7 +119,6 @@ void CDisplacementCsv::WriteFamily(const ZorvoData& doc, EPointType family, std:
 }
 
 std::vector<std::string> CDisplacementCsv::WriteAll(const ZorvoData& doc, const std::string& dir) {
-    ::mkdir(dir.c_str(), 0755); // may exist already; a failure shows when the files open
     std::vector<std::string> written;
     for (EPointType family : {ePoint, eLine, ePolyline, eGrid}) {
         if (FamilyCount(doc, family) == 0)
@@ -114,12 +126,18 @@ std::vector<std::string> CDisplacementCsv::WriteAll(const ZorvoData& doc, const 
         const std::string path = dir + "/" + FamilyFile(family);
         std::ofstream out(path);
         if (!out)
-            throw std::runtime_error(path + ": cannot write the result table");
+            throw std::runtime_error(path +
+                                     ": cannot write the result table: " + std::strerror(errno));
         WriteHeader(out);
         WriteFamily(doc, family, out);
-        out.flush();
-        if (!out)
-            throw std::runtime_error(path + ": cannot write the result table");
+        out.close();
+        if (!out) {
+            // A table cut short by a full disk must not pass for a whole one.
+            const std::string reason = std::strerror(errno);
+            ::unlink(path.c_str());
+            throw std::runtime_error(path + ": cannot write the result table: " + reason +
+                                     "; the unfinished table is removed");
+        }
         written.push_back(path);
     }
     return written;

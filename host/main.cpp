@@ -5,15 +5,29 @@
 
 namespace {
 
-// Set by Ctrl-C; the solver's cancel test reads it from every thread.
-std::atomic<bool> g_interrupted{false};
+// Signalled by Ctrl-C; the checks and the solver's loops test it from every thread.
+Tevra::CEvent g_interrupt;
 
-extern "C" void OnInterrupt(int) { g_interrupted.store(true); }
+// The first Ctrl-C asks the job to stop and keep what it has; a second one ends the
+// process at once.
+extern "C" void OnInterrupt(int) {
+    if (g_interrupt.IsSignalled()) {
+        std::signal(SIGINT, SIG_DFL);
+        std::raise(SIGINT);
+        return;
+    }
+    g_interrupt.SetEvent();
+}
 
 } // namespace
 
 int main(int argc, char** argv) {
     std::signal(SIGINT, OnInterrupt);
-    return Tevra::RunZorvo(std::vector<std::string>(argv + 1, argv + argc), std::cout, std::cerr,
-                           &g_interrupted);
+    try {
+        return Tevra::RunZorvo(std::vector<std::string>(argv + 1, argv + argc), std::cout,
+                               std::cerr, &g_interrupt);
+    } catch (...) {
+        std::cerr << "zorvo: internal failure while reporting\n";
+        return 3;
+    }
 }

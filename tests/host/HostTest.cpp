@@ -5,12 +5,15 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
+#include <csignal>
 #include <cstdio>
 #include <cstdlib>
 #include <fstream>
 #include <map>
 #include <sstream>
+#include <sys/stat.h>
 #include <sys/wait.h>
+#include <unistd.h>
 
 using namespace Tevra;
 using namespace Tevra::Data;
@@ -26,7 +29,7 @@ struct Outcome {
     std::string err;
 };
 
-Outcome Host(const std::vector<std::string>& args, const std::atomic<bool>* interrupt = nullptr) {
+Outcome Host(const std::vector<std::string>& args, CEvent* interrupt = nullptr) {
     std::ostringstream out, err;
     const int status = RunZorvo(args, out, err, interrupt);
     return {status, out.str(), err.str()};
@@ -105,17 +108,69 @@ TEST(Host, ConvertRoundTripsThroughBothForms) {
     std::system(("rm -rf '" + dir + "'").c_str());
 }
 
-TEST(Host, CancelledRunIsPartialAndNotSavedOverItsInput) {
+// Ctrl-C before or during the checks: nothing is solved, nothing is written.
+TEST(Host, InterruptedChecksSolveNothing) {
     const std::string dir = TempDir();
     const std::string project = dir + "/twin.json";
     ASSERT_EQ(Host({"convert", kTwin, project}).status, 0);
     const std::string before = ReadFile(project);
-    const std::atomic<bool> interrupted{true};
-    const Outcome r = Host({"solve", project, "--output", project}, &interrupted);
-    EXPECT_EQ(r.status, 1);
-    EXPECT_NE(r.out.find("PARTIAL"), std::string::npos);
-    EXPECT_NE(r.err.find("not saved over"), std::string::npos);
+    CEvent interrupted;
+    interrupted.SetEvent();
+    const Outcome check = Host({"check", project}, &interrupted);
+    EXPECT_EQ(check.status, 1);
+    EXPECT_NE(check.out.find("the check was cancelled"), std::string::npos);
+    const Outcome solve = Host({"solve", project, "--output", project}, &interrupted);
+    EXPECT_EQ(solve.status, 1);
+    EXPECT_NE(solve.err.find("the checks were cancelled;"), std::string::npos) << solve.err;
+    EXPECT_EQ(solve.out.find("Stage 0"), std::string::npos);
     EXPECT_EQ(ReadFile(project), before);
+    std::system(("rm -rf '" + dir + "'").c_str());
+}
+
+// Ctrl-C in the middle of a long run: the executable stops, says its results are
+// partial, and does not save them over the project it read.
+TEST(Host, CtrlCStopsARunAndKeepsItsInput) {
+    const std::string dir = TempDir();
+    const std::string project = dir + "/long.json";
+    ASSERT_EQ(Host({"convert", kSource + "/tests/host/data/long-run.json", project}).status, 0);
+    const std::string before = ReadFile(project);
+    const pid_t pid = fork();
+    ASSERT_GE(pid, 0);
+    if (pid == 0) {
+        std::freopen((dir + "/out").c_str(), "w", stdout);
+        std::freopen((dir + "/err").c_str(), "w", stderr);
+        execl(ZORVO_EXE, ZORVO_EXE, "solve", project.c_str(), "--output", project.c_str(),
+              static_cast<char*>(nullptr));
+        _exit(127);
+    }
+    // Interrupt once the grids are under way (their progress bar is drawn).
+    for (int k = 0; k < 6000 && ReadFile(dir + "/err").find("grids") == std::string::npos; ++k)
+        usleep(10000);
+    kill(pid, SIGINT);
+    int raw = 0;
+    waitpid(pid, &raw, 0);
+    ASSERT_TRUE(WIFEXITED(raw)) << ReadFile(dir + "/err");
+    EXPECT_EQ(WEXITSTATUS(raw), 1) << ReadFile(dir + "/err");
+    EXPECT_NE(ReadFile(dir + "/out").find("PARTIAL"), std::string::npos);
+    EXPECT_NE(ReadFile(dir + "/err").find("not saved over"), std::string::npos);
+    EXPECT_EQ(ReadFile(project), before);
+    std::system(("rm -rf '" + dir + "'").c_str());
+}
+
+// A table that cannot be written in full is removed, with the system's reason.
+TEST(Host, TableCutShortIsRemovedWithTheReason) {
+    if (access("/dev/full", W_OK) != 0)
+        GTEST_SKIP() << "no /dev/full here";
+    const std::string dir = TempDir();
+    ASSERT_EQ(symlink("/dev/full", (dir + "/grids.csv").c_str()), 0);
+    const Outcome r = Host({"solve", kTwin, "--csv", dir});
+    EXPECT_EQ(r.status, 2);
+    EXPECT_NE(r.err.find(dir + "/grids.csv: cannot write the result table: No space left on "
+                               "device; the unfinished table is removed"),
+              std::string::npos)
+        << r.err;
+    struct stat st {};
+    EXPECT_NE(lstat((dir + "/grids.csv").c_str(), &st), 0);
     std::system(("rm -rf '" + dir + "'").c_str());
 }
 

@@ -1,0 +1,71 @@
+#include "HostSession.h"
+
+#include "host/SystemMemory.h"
+#include "modelfile/ZorvoModelFile.h"
+#include "validation/CCheckPass.h"
+
+namespace Tevra {
+
+using namespace Data;
+
+void HostSession::Fail(const std::string& text) { m_err << "zorvo: " << text << '\n'; }
+
+bool HostSession::Load(const std::string& path, ZorvoData& doc) {
+    std::vector<std::string> notes;
+    try {
+        FileIO::ZorvoModelFile::Load(path, doc, &notes);
+    } catch (const FileIO::CDataFileError& e) {
+        Fail(e.what());
+        return false;
+    }
+    for (const std::string& note : notes)
+        m_err << "note: " << note << '\n';
+    return true;
+}
+
+bool HostSession::Report(const std::vector<SanityChecks::SFinding>& findings) {
+    bool errors = false;
+    for (const SanityChecks::SFinding& f : findings) {
+        m_err << (f.error ? "sanity error: " : "sanity warning: ") << f.text << '\n';
+        errors |= f.error;
+    }
+    return errors;
+}
+
+HostSession::ECheck HostSession::Check(const ZorvoData& doc, int threads) {
+    SCheckArgs args;
+    args.event = m_interrupt;
+    std::vector<CString> m;
+    bool cancelled = false;
+    bool errors = false;
+    // Each prints its pass's findings and answers whether the next pass may run.
+    auto print = [&](const char* kind) {
+        for (const CString& text : m)
+            m_err << kind << ": " << text.ToUtf8() << '\n';
+        return !cancelled && !Interrupted();
+    };
+    auto error = [&](bool found) {
+        errors |= found;
+        return print("error");
+    };
+    auto warning = [&](bool) { return print("warning"); };
+    // The library's passes in the order of its own error and warning runs, the general
+    // pass first, as the host calls that one itself.
+    const bool ran =
+        error(doc.GeneralErrors(m, cancelled, args)) &&
+        error(doc.TunnelErrors(m, cancelled, args)) && error(doc.DisplacementPointErrors(m)) &&
+        error(doc.DisplacementLineErrors(m)) && error(doc.DisplacementPolylineErrors(m)) &&
+        error(doc.DisplacementGridErrors(m)) && error(doc.StageErrors(m, cancelled, args)) &&
+        warning(doc.TunnelWarnings(m, cancelled, args)) &&
+        warning(doc.DisplacementPointWarnings(m)) && warning(doc.DisplacementLineWarnings(m)) &&
+        warning(doc.DisplacementPolylineWarnings(m)) && warning(doc.DisplacementGridWarnings(m));
+    if (!ran)
+        return eCancelled;
+
+    errors |= Report(SanityChecks::Inputs(doc));
+    errors |=
+        Report(SanityChecks::RunSize(doc, SystemMemory::Bytes(), SystemMemory::Source(), threads));
+    return errors ? eErrors : eClean;
+}
+
+} // namespace Tevra

@@ -1,0 +1,451 @@
+#include "SanityChecks.h"
+
+#include "host/SystemMemory.h"
+
+#include <climits>
+#include <cmath>
+#include <cstdio>
+
+namespace Tevra {
+
+using namespace Data;
+
+namespace {
+
+// Farther from the origin than any national or UTM grid reaches (metres): a coordinate
+// beyond it is a typo or a unit mix-up, and squares of it lose every digit of a trough.
+constexpr double kFarthest = 1e8;
+// Beyond these the input is legal but out of all experience: a warning.
+constexpr double kLargestTunnel = 50.0;     // metres; the largest shields are under 20 m
+constexpr double kLargestVolumeLoss = 10.0; // percent; open-face tunnels rarely pass 5%
+constexpr double kLargestClosure = 20.0;    // metres of seam extracted
+constexpr double kLargestUserK = 5.0;       // trough width factor; clays are about 0.5
+// Share of memory that the result store may take: the project itself, the tables and
+// the operating system need the rest.
+constexpr double kResultShareOfMemory = 0.8;
+// A sample's store: the record, its row's vector and the allocator's overhead (bytes).
+constexpr double kBytesPerSample = sizeof(GeoDispResult) + 40.0;
+// Point movements one core works out in a second, a tunnel at a point each; one mine
+// at a point samples 2,400 ring sectors, about a hundred times the work.
+constexpr double kEvaluationsPerCoreSecond = 1e7;
+constexpr double kMineCost = 100.0;
+// Runs that take longer than this are worth a word before they start (seconds).
+constexpr double kLongRun = 3600.0;
+
+std::string Number(double v) {
+    if (std::isnan(v))
+        return "NaN";
+    if (std::isinf(v))
+        return v > 0 ? "infinite" : "minus infinite";
+    char buf[32];
+    std::snprintf(buf, sizeof buf, "%.6g", v);
+    return buf;
+}
+
+std::string Label(const char* family, int n, const CString& name) {
+    std::string s = std::string(family) + " " + std::to_string(n);
+    if (!name.IsEmpty())
+        s += " \"" + name.ToUtf8() + "\"";
+    return s;
+}
+
+// The findings of one record, each text led by the record's label.
+class RecordFindings {
+  public:
+    RecordFindings(std::vector<SanityChecks::SFinding>& out, std::string record)
+        : m_out(out), m_record(std::move(record)) {}
+
+    void Error(const std::string& text) { m_out.push_back({true, m_record + ": " + text}); }
+    void Warning(const std::string& text) { m_out.push_back({false, m_record + ": " + text}); }
+
+    // A number that must be finite; false, with an error, when it is not.
+    bool Finite(const std::string& field, double v, const char* what) {
+        if (std::isfinite(v))
+            return true;
+        Error(field + " is " + Number(v) + "; give " + what);
+        return false;
+    }
+
+    // A coordinate or level (metres): finite and on this planet's grids.
+    void Coordinate(const std::string& field, double v) {
+        if (!Finite(field, v, "a coordinate in metres"))
+            return;
+        if (std::fabs(v) > kFarthest)
+            Error(field + " is " + Number(v) +
+                  " m, farther from the origin than any site grid "
+                  "reaches (1e8 m); check the coordinate and its unit");
+    }
+
+    // A point's coordinates; field leads their names ("point 1 x"), or is empty.
+    void Point(const std::string& field, const Vec3<double>& p) {
+        const std::string lead = field.empty() ? "" : field + " ";
+        Coordinate(lead + "x", p.x);
+        Coordinate(lead + "y", p.y);
+        Coordinate(lead + "z", p.z);
+    }
+
+    // An interval count to which one position more must still be countable.
+    void Intervals(const std::string& field, int n) {
+        if (n == INT_MAX)
+            Error(field + " is " + std::to_string(n) +
+                  ": one position more than that cannot be counted; reduce the intervals");
+    }
+
+  private:
+    std::vector<SanityChecks::SFinding>& m_out;
+    std::string m_record;
+};
+
+bool WidthMethodDefined(GeoTunnel::EkDerivation d) {
+    return d == GeoTunnel::ekOReillyAndNew || d == GeoTunnel::ekBoscardin ||
+           d == GeoTunnel::ekUserSpecified || d == GeoTunnel::ekSelby;
+}
+
+void CheckTunnel(const GeoTunnel& t, RecordFindings& f) {
+    f.Coordinate("X centre line 1", t.GetXCentreLine1());
+    f.Coordinate("Y centre line 1", t.GetYCentreLine1());
+    f.Coordinate("Z centre line 1", t.GetZCentreLine1());
+    f.Coordinate("X centre line 2", t.GetXCentreLine2());
+    f.Coordinate("Y centre line 2", t.GetYCentreLine2());
+    f.Coordinate("Z centre line 2", t.GetZCentreLine2());
+    f.Coordinate("soil interface level 1", t.GetSoilInterfaceLevel1());
+    f.Coordinate("soil interface level 2", t.GetSoilInterfaceLevel2());
+    f.Coordinate("ground level 1", t.GetGroundLevel1());
+    f.Coordinate("ground level 2", t.GetGroundLevel2());
+
+    const double D = t.GetDiameter();
+    if (f.Finite("the diameter", D, "the excavated diameter in metres")) {
+        if (D <= 0.0)
+            f.Error("the diameter is " + Number(D) +
+                    " m; give the excavated diameter, greater than 0");
+        else if (D > kLargestTunnel)
+            f.Warning("the diameter is " + Number(D) +
+                      " m, larger than any tunnel driven; "
+                      "check its unit");
+    }
+    const double loss = t.GetPercentLoss();
+    if (f.Finite("the volume loss", loss, "a percentage of the excavated area")) {
+        if (loss == 0.0)
+            f.Warning("the volume loss is 0%: the tunnel moves no ground");
+        else if (std::fabs(loss) > 100.0)
+            f.Error("the volume loss is " + Number(loss) +
+                    "%, more than the whole excavated area; give a percentage");
+        else if (std::fabs(loss) > kLargestVolumeLoss)
+            f.Warning("the volume loss is " + Number(loss) +
+                      "%, far above the 0.5 to 3% of "
+                      "tunnels driven; check that it is a percentage");
+    }
+
+    // The trough width of surface points, and of sub-surface points by New and Bowers,
+    // comes from a derivation; one that gives no width leaves every movement undefined.
+    const bool newAndBowers = t.GetSubSurfaceMethod() == GeoTunnel::eNewAndBowers;
+    struct {
+        ESurfaceType type;
+        bool used;
+        const char* where;
+    } widths[] = {{eSurface, true, "surface"}, {eSubSurface, newAndBowers, "sub-surface"}};
+    for (const auto& w : widths) {
+        if (!w.used)
+            continue;
+        const GeoTunnel::EkDerivation d = t.GetkDerivation(w.type);
+        if (!WidthMethodDefined(d)) {
+            f.Error(std::string("the ") + w.where + " k derivation is \"" +
+                    CString(GeoTunnel::K_DERIVATION_STRINGS[d]).ToUtf8() +
+                    "\", which gives no trough width; choose O'Reilly and New, Boscardin, "
+                    "Selby or User-specified k");
+        } else if (d == GeoTunnel::ekUserSpecified) {
+            const double k = t.Getk(w.type);
+            const std::string field = std::string("the ") + w.where + " k";
+            if (f.Finite(field, k, "the trough width factor, greater than 0")) {
+                if (k <= 0.0)
+                    f.Error(field + " is " + Number(k) +
+                            ", which gives no trough width; give a factor greater than 0");
+                else if (k > kLargestUserK)
+                    f.Warning(field + " is " + Number(k) +
+                              ", a trough far wider than any ground gives; check it");
+            }
+        }
+    }
+    if (t.GetSubSurfaceMethod() == GeoTunnel::eHarrisAndAlvarado)
+        f.Finite("the Harris and Alvarado exponent m", t.Getm(), "a number");
+}
+
+void CheckMine(const GeoMine& m, RecordFindings& f) {
+    f.Coordinate("X centre line 1", m.GetXCentreLine1());
+    f.Coordinate("Y centre line 1", m.GetYCentreLine1());
+    f.Coordinate("X centre line 2", m.GetXCentreLine2());
+    f.Coordinate("Y centre line 2", m.GetYCentreLine2());
+    if (std::hypot(m.GetXCentreLine2() - m.GetXCentreLine1(),
+                   m.GetYCentreLine2() - m.GetYCentreLine1()) < 0.001)
+        f.Error("its centre line is shorter than 0.001 m in plan; give the panel's two ends");
+
+    const double closure = m.GetClosure();
+    if (f.Finite("the closure", closure, "the seam thickness extracted in metres")) {
+        if (closure < 0.0)
+            f.Error("the closure is " + Number(closure) +
+                    " m; give the seam thickness extracted, 0 or more");
+        else if (closure == 0.0)
+            f.Warning("the closure is 0 m: the panel causes no subsidence");
+        else if (closure > kLargestClosure)
+            f.Warning("the closure is " + Number(closure) +
+                      " m, thicker than any seam worked; "
+                      "check its unit");
+    }
+    const double W = m.GetPanelWidth();
+    if (f.Finite("the panel width", W, "the panel width in metres") && W <= 0.0)
+        f.Error("the panel width is " + Number(W) + " m; give a width greater than 0");
+
+    const double lower = m.GetLowerStratumThickness();
+    const double upper = m.GetUpperStratumThickness();
+    const bool thicknesses = f.Finite("the lower stratum thickness", lower, "metres") &
+                             f.Finite("the upper stratum thickness", upper, "metres");
+    if (thicknesses) {
+        if (lower < 0.0)
+            f.Error("the lower stratum thickness is " + Number(lower) + " m; give 0 or more");
+        if (upper < 0.0)
+            f.Error("the upper stratum thickness is " + Number(upper) + " m; give 0 or more");
+        if (lower >= 0.0 && upper >= 0.0 && lower + upper <= 0.0)
+            f.Error("the two strata are 0 m thick together: the seam has no depth; give the "
+                    "thickness of the ground over it");
+    }
+    const double lowerAngle = m.GetLowerAngleOfDraw();
+    const double upperAngle = m.GetUpperAngleOfDraw();
+    bool angles = true;
+    struct {
+        const char* field;
+        double v;
+    } draws[] = {{"the lower angle of draw", lowerAngle}, {"the upper angle of draw", upperAngle}};
+    for (const auto& a : draws) {
+        if (!f.Finite(a.field, a.v, "degrees from the vertical")) {
+            angles = false;
+        } else if (a.v < 0.0 || a.v >= 90.0) {
+            f.Error(std::string(a.field) + " is " + Number(a.v) +
+                    " degrees; give an angle from the vertical, 0 or more and below 90");
+            angles = false;
+        }
+    }
+    // The radius of the critical area: with none, every ring divides by zero.
+    if (thicknesses && angles && lower >= 0.0 && upper >= 0.0 && lower + upper > 0.0) {
+        const double R = std::tan(lowerAngle * M_PI / 180.0) * lower +
+                         std::tan(upperAngle * M_PI / 180.0) * upper;
+        if (!(R > 0.0))
+            f.Error("its angles of draw and strata give no area of influence (radius 0); give "
+                    "an angle of draw above 0 to a stratum of some thickness");
+    }
+}
+
+void CheckStageProperty(const CStageProperty& p, RecordFindings& f) {
+    const std::vector<double>& v = p.GetValues();
+    for (size_t k = 0; k < v.size(); ++k) {
+        const std::string field = "value " + std::to_string(k + 1);
+        if (!f.Finite(field, v[k], "a number in metres"))
+            continue;
+        if (std::fabs(v[k]) > kFarthest)
+            f.Error(field + " is " + Number(v[k]) + " m, beyond any size or level; check it");
+        else if (p.GetElementType() == eElementTunnel && k == 0 && v[k] < 0.0)
+            f.Error("the diameter it gives is " + Number(v[k]) +
+                    " m; give a diameter greater than 0");
+        else if (p.GetElementType() == eElementTunnel && k == 0 && v[k] < 0.001)
+            f.Warning("the diameter it gives is " + Number(v[k]) +
+                      " m: its tunnels move no ground in that stage");
+    }
+}
+
+// Samples of a displacement record, counted without overflow.
+double Samples(const ZorvoData& doc, int d) {
+    EPointType type;
+    int index = 0;
+    doc.GetDisplacementTypeIndex(d, type, index);
+    switch (type) {
+    case ePoint:
+        return 1.0;
+    case eLine:
+        return static_cast<double>(doc.GetDisplacementLine(index).GetIntervalsAlongLine()) + 1.0;
+    case ePolyline:
+        return static_cast<double>(doc.GetDisplacementPolyline(index).GetIntervalsAlongLine()) +
+               1.0;
+    default: {
+        const CDisplacementGrid& g = doc.GetDisplacementGrid(index);
+        return (static_cast<double>(g.GetIntervalsAlongLine()) + 1.0) *
+               (static_cast<double>(g.GetIntervalsAlongExtrusion()) + 1.0);
+    }
+    }
+}
+
+const char* FamilyWord(EPointType t) {
+    switch (t) {
+    case ePoint:
+        return "Point";
+    case eLine:
+        return "Line";
+    case ePolyline:
+        return "Polyline";
+    default:
+        return "Grid";
+    }
+}
+
+std::string RecordLabel(const ZorvoData& doc, int d) {
+    EPointType type;
+    int index = 0;
+    doc.GetDisplacementTypeIndex(d, type, index);
+    return Label(FamilyWord(type), index, doc.GetDisplacementData(d).Name());
+}
+
+// A count: in full below a million, beyond as 4.0e18.
+std::string Scientific(double v) {
+    char buf[32];
+    if (v < 1e6) {
+        std::snprintf(buf, sizeof buf, "%.0f", v);
+        return buf;
+    }
+    const int exponent = static_cast<int>(std::floor(std::log10(v)));
+    double mantissa = v / std::pow(10.0, exponent);
+    std::snprintf(buf, sizeof buf, "%.1fe%d", mantissa, exponent);
+    return buf;
+}
+
+std::string Stages(double n) { return Scientific(n) + (n == 1.0 ? " stage" : " stages"); }
+
+} // namespace
+
+std::vector<SanityChecks::SFinding> SanityChecks::Inputs(const ZorvoData& doc) {
+    std::vector<SFinding> out;
+    const bool mines = doc.GetGeneral().GetProblemType() == eMine;
+    // The records of the analysis that runs; the other kind's are kept but unused.
+    if (!mines) {
+        for (int t = 1; t <= doc.NumTunnels(); ++t) {
+            RecordFindings f(out, Label("Tunnel", t, doc.GetTunnel(t).GetName()));
+            CheckTunnel(doc.GetTunnel(t), f);
+        }
+    } else {
+        for (int m = 1; m <= doc.NumMines(); ++m) {
+            RecordFindings f(out, Label("Mine", m, doc.GetMine(m).GetName()));
+            CheckMine(doc.GetMine(m), f);
+        }
+    }
+    for (int p = 1; p <= doc.NumStageProperties(); ++p) {
+        RecordFindings f(out, Label("Stage property", p, doc.GetStageProperty(p).Name()));
+        CheckStageProperty(doc.GetStageProperty(p), f);
+    }
+    for (int n = 1; n <= doc.NumDisplacementPoints(false); ++n) {
+        const CDisplacementPoint& r = doc.GetDisplacementPoint(n);
+        RecordFindings f(out, Label("Point", n, r.Name()));
+        f.Point("", r.GetPoint());
+    }
+    for (int n = 1; n <= doc.NumDisplacementLines(false); ++n) {
+        const CDisplacementLine& r = doc.GetDisplacementLine(n);
+        RecordFindings f(out, Label("Line", n, r.Name()));
+        f.Point("point 1", r.GetPoint1());
+        f.Point("point 2", r.GetPoint2());
+        f.Intervals("the number of intervals", r.GetIntervalsAlongLine());
+    }
+    for (int n = 1; n <= doc.NumDisplacementPolylines(false); ++n) {
+        const CDisplacementPolyline& r = doc.GetDisplacementPolyline(n);
+        RecordFindings f(out, Label("Polyline", n, r.Name()));
+        f.Intervals("the number of intervals", r.GetIntervalsAlongLine());
+    }
+    for (int n = 1; n <= doc.NumDisplacementGrids(false); ++n) {
+        const CDisplacementGrid& r = doc.GetDisplacementGrid(n);
+        RecordFindings f(out, Label("Grid", n, r.Name()));
+        f.Point("point 1", r.GetPoint1());
+        f.Point("point 2", r.GetPoint2());
+        f.Coordinate("the extrusion distance", r.GetExtrusionDistance());
+        f.Intervals("the number of intervals along its line", r.GetIntervalsAlongLine());
+        f.Intervals("the number of intervals along its extrusion", r.GetIntervalsAlongExtrusion());
+    }
+    for (int n = 1; n <= doc.NumPolylines(); ++n) {
+        const CPolylinePlus& p = doc.GetPolyline(n);
+        RecordFindings f(out, Label("Polyline shape", n, p.Name()));
+        // The first vertex at fault stands for the rest.
+        for (int v = 0; v < p.NumPoint(); ++v) {
+            const Vec3<double>& q = p.Point(v);
+            const double far = std::max({std::fabs(q.x), std::fabs(q.y), std::fabs(q.z)});
+            if (!(far <= kFarthest)) {
+                f.Point("vertex " + std::to_string(v + 1), q);
+                break;
+            }
+        }
+    }
+    return out;
+}
+
+std::vector<SanityChecks::SFinding> SanityChecks::RunSize(const ZorvoData& doc, double memoryBytes,
+                                                          const std::string& memorySource,
+                                                          int cores) {
+    std::vector<SFinding> out;
+    const double stages = doc.NumStages(true, false);
+    const double limit = memoryBytes * kResultShareOfMemory;
+    const std::string memory =
+        "more than fits in the " + SystemMemory::Describe(memoryBytes) + " " + memorySource;
+    double total = 0.0;
+    bool refused = false;
+    for (int d = 1; d <= doc.NumDisplacementData(); ++d) {
+        if (!doc.GetDisplacementData(d).GetCalculate())
+            continue;
+        const double samples = Samples(doc, d);
+        const double bytes = samples * stages * kBytesPerSample;
+        total += samples;
+        if (memoryBytes > 0.0 && bytes > limit) {
+            refused = true;
+            out.push_back({true, RecordLabel(doc, d) + " has " + Scientific(samples) +
+                                     " samples in " + Stages(stages) + ": about " +
+                                     SystemMemory::Describe(bytes) + " of results, " + memory +
+                                     "; reduce its intervals"});
+        }
+    }
+    const double bytes = total * stages * kBytesPerSample;
+    if (!refused && memoryBytes > 0.0 && bytes > limit)
+        out.push_back({true, "The displacement records have " + Scientific(total) + " samples in " +
+                                 Stages(stages) + ": about " + SystemMemory::Describe(bytes) +
+                                 " of results, " + memory +
+                                 "; reduce their intervals or the stages"});
+
+    const bool mines = doc.GetGeneral().GetProblemType() == eMine;
+    const double sources = mines ? doc.NumMines() * kMineCost : doc.NumTunnels();
+    const double seconds =
+        total * stages * sources / (kEvaluationsPerCoreSecond * std::max(cores, 1));
+    if (!refused && seconds > kLongRun) {
+        char hours[32];
+        std::snprintf(hours, sizeof hours, "%.0f", seconds / 3600.0);
+        out.push_back({false, "The run works out " + Scientific(total * stages) + " samples of " +
+                                  Scientific(mines ? doc.NumMines() : doc.NumTunnels()) +
+                                  (mines ? " mines" : " tunnels") + ": about " + hours +
+                                  " hours on " + std::to_string(cores) +
+                                  " cores; Ctrl-C stops it"});
+    }
+    return out;
+}
+
+bool SanityChecks::IsFinite(const GeoDispResult& r) {
+    const Vec3<double>& p = r.GetPoint();
+    return std::isfinite(p.x) && std::isfinite(p.y) && std::isfinite(p.z) &&
+           std::isfinite(r.GetXdisplacement()) && std::isfinite(r.GetYdisplacement()) &&
+           std::isfinite(r.GetZdisplacement()) && std::isfinite(r.GetMajorPrincipalStrain()) &&
+           std::isfinite(r.GetMinorPrincipalStrain()) && std::isfinite(r.GetPrincipalStrainAngle());
+}
+
+std::vector<SanityChecks::SFinding> SanityChecks::Results(const ZorvoData& doc) {
+    std::vector<SFinding> out;
+    for (int d = 1; d <= doc.NumDisplacementData(); ++d) {
+        const CDisplacementData& record = doc.GetDisplacementData(d);
+        for (int s = 0; s < record.NumResultStages(); ++s) {
+            long long bad = 0, all = 0;
+            for (const auto& row : record.GetResults(s)) {
+                for (const GeoDispResult& r : row) {
+                    ++all;
+                    bad += IsFinite(r) ? 0 : 1;
+                }
+            }
+            if (bad > 0)
+                out.push_back({true, RecordLabel(doc, d) + ", stage " + std::to_string(s) + " (" +
+                                         doc.GetStageName(s).ToUtf8() + "): " +
+                                         std::to_string(bad) + " of " + std::to_string(all) +
+                                         " samples hold a value that is not a finite number; "
+                                         "they mean nothing: check the inputs of that stage"});
+        }
+    }
+    return out;
+}
+
+} // namespace Tevra
