@@ -113,6 +113,16 @@ void CheckTunnel(const GeoTunnel& t, RecordFindings& f) {
     f.Coordinate("ground level 1", t.GetGroundLevel1());
     f.Coordinate("ground level 2", t.GetGroundLevel2());
 
+    // The depth of the axis below the ground drives the sub-surface widths.
+    const double ends[2][2] = {{t.GetZCentreLine1(), t.GetGroundLevel1()},
+                               {t.GetZCentreLine2(), t.GetGroundLevel2()}};
+    for (int e = 0; e < 2; ++e) {
+        if (ends[e][1] <= ends[e][0])
+            f.Warning("at end " + std::to_string(e + 1) + " its axis (" + Number(ends[e][0]) +
+                      " m) is not below the ground level (" + Number(ends[e][1]) +
+                      " m); check the levels");
+    }
+
     const double D = t.GetDiameter();
     if (f.Finite("the diameter", D, "the excavated diameter in metres")) {
         if (D <= 0.0)

@@ -82,9 +82,12 @@ TEST(SanityChecks, InputFieldsAtTheEdgesOfTheirRanges) {
          [](GeoTunnel& t) { t.SetkDerivation(eSubSurface, GeoTunnel::ekMair); }, nullptr,
          "E Tunnel 1 \"T\": the sub-surface k derivation is \"Mair et al.\", which gives no "
          "trough width; choose O'Reilly and New, Boscardin, Selby or User-specified k\n"},
-        {"far coordinate", [](GeoTunnel& t) { t.SetGroundLevel2(-1.5e8); }, nullptr,
-         "E Tunnel 1 \"T\": ground level 2 is -1.5e+08 m, farther from the origin than any "
+        {"far coordinate", [](GeoTunnel& t) { t.SetGroundLevel2(1.5e8); }, nullptr,
+         "E Tunnel 1 \"T\": ground level 2 is 1.5e+08 m, farther from the origin than any "
          "site grid reaches (1e8 m); check the coordinate and its unit\n"},
+        {"axis at the ground", [](GeoTunnel& t) { t.SetZCentreLine2(100.0); }, nullptr,
+         "W Tunnel 1 \"T\": at end 2 its axis (100 m) is not below the ground level (100 m); "
+         "check the levels\n"},
         {"mine defaults", nullptr, [](GeoMine&) {}, ""},
         {"no closure", nullptr, [](GeoMine& m) { m.SetClosure(0.0); },
          "W Mine 1 \"M\": the closure is 0 m: the panel causes no subsidence\n"},
