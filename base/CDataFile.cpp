@@ -606,6 +606,11 @@ bool CDataFile::NextModule(CKeyParam& h) {
     if (length > m_bytes.size() - m_pos)
         Fail("the module claims " + std::to_string(length) + " bytes but the file holds only " +
              std::to_string(m_bytes.size() - m_pos) + " more (it is truncated)");
+    // Every record opens with its 4-byte length, so the count is checked against the
+    // bytes before any reader loops over it.
+    if (static_cast<uint64_t>(h.count) > length / 4)
+        Fail("the module's header counts " + std::to_string(h.count) + " records, more than its " +
+             std::to_string(length) + " bytes can hold");
     m_moduleEnd = m_pos + length;
     m_moduleCount = h.count;
     m_inModule = true;

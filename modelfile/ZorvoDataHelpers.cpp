@@ -62,8 +62,10 @@ void WriteResults(const ZorvoData& doc, CDataFile& f, int record) {
     const CDisplacementData& data = DisplacementRecord(doc, which.first, which.second);
     std::vector<double> values;
     for (const auto& stage : data.AllResults()) {
-        const size_t first = stage.size();
-        const size_t second = first ? stage[0].size() : 0;
+        // A stage without samples is written 0 x 0 whatever positions it was sized for:
+        // the reader refuses positions that hold nothing.
+        const size_t second = stage.empty() ? 0 : stage[0].size();
+        const size_t first = second ? stage.size() : 0;
         values.push_back(static_cast<double>(first));
         values.push_back(static_cast<double>(second));
         for (const auto& row : stage) {
@@ -83,6 +85,15 @@ void WriteResults(const ZorvoData& doc, CDataFile& f, int record) {
     f.WriteInt(jnRecord, which.second);
     f.WriteInt(jnStages, static_cast<int>(data.AllResults().size()));
     f.WriteDoubleArray(jnSamples, values);
+}
+
+// The family and number of a displacement record as an engineer names it.
+std::string RecordName(int family, int number) {
+    const char* kind = family == eModuleDisplacementPoints      ? "displacement point "
+                       : family == eModuleDisplacementLines     ? "displacement line "
+                       : family == eModuleDisplacementPolylines ? "displacement polyline "
+                                                                : "displacement grid ";
+    return kind + std::to_string(number);
 }
 
 // A whole number from the results list, within [0, limit].
@@ -115,12 +126,18 @@ void ReadResults(ZorvoData& doc, CDataFile& f, int) {
         f.Fail("the results claim " + std::to_string(stages) + " stages, more than the list holds");
     std::vector<CDisplacementData::StageResults> all(static_cast<size_t>(stages));
     size_t at = 0;
-    for (auto& stage : all) {
+    for (size_t k = 0; k < all.size(); ++k) {
+        auto& stage = all[k];
         if (v.size() - at < 2)
             f.Fail("the results list ends before all its stages");
         const size_t left = (v.size() - at - 2) / kSampleValues;
         const size_t first = Count(f, v[at], left, "first size");
         const size_t second = Count(f, v[at + 1], first ? left / first : 0, "second size");
+        // Positions without samples would cost memory for no number of the file.
+        if (first > 0 && second == 0)
+            f.Fail("the results of " + RecordName(family, number) + " hold " +
+                   std::to_string(first) + " x 0 samples at calculation stage " +
+                   std::to_string(k) + "; a stage without samples should be 0 x 0");
         at += 2;
         stage.assign(first, std::vector<GeoDispResult>(second));
         for (auto& row : stage) {
