@@ -10,15 +10,14 @@
 #include <rapidjson/reader.h>
 #include <rapidjson/stringbuffer.h>
 
+#include <algorithm>
 #include <cerrno>
 #include <cmath>
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
 #include <fcntl.h>
-#include <fstream>
 #include <limits>
-#include <sstream>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -100,11 +99,24 @@ bool JsonNumber(const rapidjson::Value& v, double& out) {
     return true;
 }
 
+// Deepest nesting of objects and arrays that a model file may hold. A project needs
+// seven levels (the file, its modules, a module, its records, a record, an object in it
+// such as a centre line, and its end point); deeper text is no project, and the cap
+// keeps any walk of the document shallow.
+constexpr int kMaxJsonDepth = 64;
+
 // Builds the document from the parser's events with every number converted by the C
 // library, which rounds correctly: a double written out comes back bit for bit.
 struct ExactNumbers {
     rapidjson::Document& d;
     std::string badNumber; // a number that no double holds
+    int depth = 0;
+    bool tooDeep = false;
+
+    bool Enter() {
+        tooDeep = ++depth > kMaxJsonDepth;
+        return !tooDeep;
+    }
 
     bool Null() { return d.Null(); }
     bool Bool(bool b) { return d.Bool(b); }
@@ -114,11 +126,17 @@ struct ExactNumbers {
     bool Uint64(uint64_t u) { return d.Uint64(u); }
     bool Double(double v) { return d.Double(v); }
     bool String(const char* s, rapidjson::SizeType n, bool copy) { return d.String(s, n, copy); }
-    bool StartObject() { return d.StartObject(); }
+    bool StartObject() { return Enter() && d.StartObject(); }
     bool Key(const char* s, rapidjson::SizeType n, bool copy) { return d.Key(s, n, copy); }
-    bool EndObject(rapidjson::SizeType members) { return d.EndObject(members); }
-    bool StartArray() { return d.StartArray(); }
-    bool EndArray(rapidjson::SizeType elements) { return d.EndArray(elements); }
+    bool EndObject(rapidjson::SizeType members) {
+        --depth;
+        return d.EndObject(members);
+    }
+    bool StartArray() { return Enter() && d.StartArray(); }
+    bool EndArray(rapidjson::SizeType elements) {
+        --depth;
+        return d.EndArray(elements);
+    }
     bool RawNumber(const char* s, rapidjson::SizeType n, bool) {
         const std::string text(s, n);
         errno = 0;
@@ -139,6 +157,84 @@ struct ExactNumbers {
         }
         return d.Double(v);
     }
+};
+
+} // namespace
+
+namespace {
+
+// ---- Telling the form of a file from its first bytes -------------------------------
+
+const char kUtf8Bom[3] = {'\xEF', '\xBB', '\xBF'};
+
+bool IsJsonSpace(char c) { return c == ' ' || c == '\t' || c == '\n' || c == '\r'; }
+
+// Whether a text is a start of another, the whole of it if it is shorter.
+bool StartsAs(const std::string& bytes, const char* head, size_t headSize) {
+    return std::memcmp(bytes.data(), head, std::min(bytes.size(), headSize)) == 0;
+}
+
+// What the first bytes of a file say it is: the binary magic, or a JSON object after
+// optional blanks and a UTF-8 byte order mark. It looks at no more than it needs, so that
+// a device or a stream of something else is refused before it is read.
+class CContentSniffer {
+  public:
+    enum EContent { eUndecided, eBinary, eJson, eNeither };
+
+    // The bytes so far; complete when no more will come.
+    EContent Look(const std::string& bytes, bool complete) {
+        if (bytes.size() >= sizeof kMagic && StartsAs(bytes, kMagic, sizeof kMagic))
+            return eBinary;
+        if (!complete && bytes.size() < sizeof kMagic && StartsAs(bytes, kMagic, sizeof kMagic))
+            return eUndecided;
+        if (m_at == 0 && StartsAs(bytes, kUtf8Bom, sizeof kUtf8Bom)) {
+            if (bytes.size() < sizeof kUtf8Bom)
+                return complete ? eNeither : eUndecided;
+            m_at = sizeof kUtf8Bom;
+        }
+        // Blanks already passed are not looked at again: a long run of them costs once.
+        while (m_at < bytes.size() && IsJsonSpace(bytes[m_at]))
+            ++m_at;
+        if (m_at == bytes.size())
+            return complete ? eNeither : eUndecided;
+        return bytes[m_at] == '{' ? eJson : eNeither;
+    }
+
+  private:
+    size_t m_at = 0; // the first byte not yet known to be a blank or the byte order mark
+};
+
+// Memory that reading a file takes, per byte of the file: the bytes themselves while
+// they are read, the parsed JSON document, and the project built from them. Measured on
+// projects full of results: about 3 times a binary file; 2.3 times a JSON file as this
+// program writes it and 4 times one without blanks, whose every short number takes a
+// 16-byte node of the document. A file is refused when this need passes the memory of
+// the machine.
+constexpr double kBinaryMemoryPerByte = 3.0;
+constexpr double kJsonMemoryPerByte = 4.0;
+// Read size for files and streams (bytes).
+constexpr size_t kReadChunk = 1 << 16;
+
+// The machine's physical memory (bytes). Where the system does not say, a small machine
+// of 4 GB is assumed, so that a stream is still read to a bound.
+double PhysicalMemory() {
+    const long pages = ::sysconf(_SC_PHYS_PAGES);
+    const long pageSize = ::sysconf(_SC_PAGE_SIZE);
+    if (pages <= 0 || pageSize <= 0)
+        return 4e9;
+    return static_cast<double>(pages) * static_cast<double>(pageSize);
+}
+
+std::string Gigabytes(double bytes) {
+    char text[32];
+    std::snprintf(text, sizeof text, "%.1f GB", bytes / 1e9);
+    return text;
+}
+
+// Closes a file descriptor when it goes out of scope.
+struct CFdCloser {
+    int fd;
+    ~CFdCloser() { ::close(fd); }
 };
 
 } // namespace
@@ -173,12 +269,26 @@ CDataFile::CDataFile(CDataFile&&) noexcept = default;
 CDataFile& CDataFile::operator=(CDataFile&&) noexcept = default;
 CDataFile::~CDataFile() = default;
 
-CDataFile CDataFile::FromBytes(const std::string& bytes, const std::string& name) {
+namespace {
+
+[[noreturn]] void NotAModelFile(const std::string& name, bool empty) {
+    if (empty)
+        throw CDataFileError(name + ": the file is empty");
+    throw CDataFileError(name + ": the file is neither a binary model file nor a JSON object");
+}
+
+} // namespace
+
+CDataFile CDataFile::FromBytes(std::string bytes, const std::string& name) {
+    CContentSniffer sniffer;
+    const CContentSniffer::EContent content = sniffer.Look(bytes, true);
+    if (content == CContentSniffer::eNeither)
+        NotAModelFile(name, bytes.empty());
     CDataFile f;
     f.m_name = name;
-    if (bytes.size() >= sizeof kMagic && std::memcmp(bytes.data(), kMagic, sizeof kMagic) == 0) {
+    if (content == CContentSniffer::eBinary) {
         f.m_form = eBinary;
-        f.m_bytes = bytes;
+        f.m_bytes = std::move(bytes);
         f.m_pos = sizeof kMagic;
         const uint32_t version = f.GetU32();
         if (version != kContainerVersion)
@@ -195,11 +305,15 @@ CDataFile CDataFile::FromBytes(const std::string& bytes, const std::string& name
     rapidjson::Reader reader;
     rapidjson::ParseResult result;
     std::string badNumber;
+    bool tooDeep = false;
     auto parse = [&](rapidjson::Document& d) {
         ExactNumbers handler{d, {}};
-        result = reader.Parse<rapidjson::kParseNumbersAsStringsFlag |
-                              rapidjson::kParseValidateEncodingFlag>(input, handler);
+        // Iterative: the parser keeps its nesting on the heap, not on the call stack.
+        result =
+            reader.Parse<rapidjson::kParseIterativeFlag | rapidjson::kParseNumbersAsStringsFlag |
+                         rapidjson::kParseValidateEncodingFlag>(input, handler);
         badNumber = handler.badNumber;
+        tooDeep = handler.tooDeep;
         return !result.IsError();
     };
     doc.Populate(parse);
@@ -214,14 +328,16 @@ CDataFile CDataFile::FromBytes(const std::string& bytes, const std::string& name
                 ++column;
             }
         }
-        const std::string why = badNumber.empty()
-                                    ? std::string(rapidjson::GetParseError_En(result.Code()))
-                                    : "the number " + badNumber + " is too large";
+        std::string why;
+        if (tooDeep)
+            why = "nested more than " + std::to_string(kMaxJsonDepth) + " levels deep";
+        else if (!badNumber.empty())
+            why = "the number " + badNumber + " is too large";
+        else
+            why = rapidjson::GetParseError_En(result.Code());
         throw CDataFileError(name + ": line " + std::to_string(line) + ", column " +
                              std::to_string(column) + ": not valid JSON: " + why);
     }
-    if (!doc.IsObject())
-        throw CDataFileError(name + ": the file is neither a binary model file nor a JSON object");
     const auto it = doc.FindMember("modules");
     if (it == doc.MemberEnd() || !it->value.IsArray())
         throw CDataFileError(name + ": a JSON model file needs a \"modules\" array");
@@ -229,14 +345,61 @@ CDataFile CDataFile::FromBytes(const std::string& bytes, const std::string& name
 }
 
 CDataFile CDataFile::FromFile(const std::string& path) {
-    std::ifstream in(path, std::ios::binary);
-    if (!in)
+    const int fd = ::open(path.c_str(), O_RDONLY | O_CLOEXEC);
+    if (fd < 0)
         throw CDataFileError(path + ": cannot open the file: " + std::strerror(errno));
-    std::ostringstream ss;
-    ss << in.rdbuf();
-    if (in.bad())
-        throw CDataFileError(path + ": cannot read the file");
-    return FromBytes(ss.str(), path);
+    const CFdCloser closer{fd};
+    struct stat st {};
+    if (::fstat(fd, &st) != 0)
+        throw CDataFileError(path + ": cannot read the file: " + std::strerror(errno));
+    if (S_ISDIR(st.st_mode))
+        throw CDataFileError(path + ": cannot read the file: " + std::strerror(EISDIR));
+
+    // A regular file says its size, and one too large for this machine is refused after
+    // its first bytes. A device or a pipe is read until it ends, and refused once it has
+    // given more than this machine could read.
+    const double memory = PhysicalMemory();
+    const bool sized = S_ISREG(st.st_mode);
+    bool sizeChecked = false;
+    CContentSniffer sniffer;
+    CContentSniffer::EContent content = CContentSniffer::eUndecided;
+    std::string bytes;
+    for (;;) {
+        const size_t at = bytes.size();
+        bytes.resize(at + kReadChunk);
+        const ssize_t n = ::read(fd, &bytes[at], kReadChunk);
+        const int error = errno;
+        bytes.resize(at + static_cast<size_t>(std::max<ssize_t>(n, 0)));
+        if (n < 0) {
+            if (error == EINTR)
+                continue;
+            throw CDataFileError(path + ": cannot read the file: " + std::strerror(error));
+        }
+        if (content == CContentSniffer::eUndecided) {
+            content = sniffer.Look(bytes, n == 0);
+            if (content == CContentSniffer::eNeither)
+                NotAModelFile(path, bytes.empty());
+        }
+        if (n == 0)
+            break;
+        // Only JSON can be undecided past the first bytes: it may open with blanks.
+        const double perByte =
+            content == CContentSniffer::eBinary ? kBinaryMemoryPerByte : kJsonMemoryPerByte;
+        if (sized && !sizeChecked) {
+            sizeChecked = true;
+            const double size = static_cast<double>(st.st_size);
+            if (size * perByte > memory)
+                throw CDataFileError(path + ": the file is " + Gigabytes(size) +
+                                     "; reading it needs about " + Gigabytes(size * perByte) +
+                                     ", more than the " + Gigabytes(memory) + " this machine has");
+            bytes.reserve(static_cast<size_t>(st.st_size) + kReadChunk);
+        }
+        if (static_cast<double>(bytes.size()) * perByte > memory)
+            throw CDataFileError(
+                path + ": the file runs past " + Gigabytes(static_cast<double>(bytes.size())) +
+                "; reading it needs more than the " + Gigabytes(memory) + " this machine has");
+    }
+    return FromBytes(std::move(bytes), path);
 }
 
 // ---- Writing -------------------------------------------------------------------
