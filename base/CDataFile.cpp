@@ -18,6 +18,7 @@
 #include <cstring>
 #include <fcntl.h>
 #include <limits>
+#include <random>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -573,10 +574,73 @@ std::string CDataFile::Contents() const {
     return std::string(buf.GetString(), buf.GetSize()) + "\n";
 }
 
+namespace {
+
+// Links followed from a saved path before giving up, as the system does.
+constexpr int kMaxLinks = 40;
+
+// The folder part of a path, with its closing slash; empty for a name alone.
+std::string FolderOf(const std::string& path) {
+    const size_t slash = path.rfind('/');
+    return slash == std::string::npos ? std::string() : path.substr(0, slash + 1);
+}
+
+// The file that saving to a path replaces: the path itself, or the end of its chain of
+// symbolic links, so that a link to a project stays a link. A link to nothing yet
+// gives the file it names.
+std::string SaveTarget(const std::string& path) {
+    std::string target = path;
+    for (int hop = 0;; ++hop) {
+        struct stat st {};
+        if (::lstat(target.c_str(), &st) != 0 || !S_ISLNK(st.st_mode))
+            return target;
+        if (hop == kMaxLinks)
+            throw CDataFileError(path + ": cannot save: " + std::strerror(ELOOP));
+        std::string link(static_cast<size_t>(std::max<off_t>(st.st_size, 0)) + 256, '\0');
+        const ssize_t n = ::readlink(target.c_str(), &link[0], link.size());
+        if (n < 0 || static_cast<size_t>(n) >= link.size())
+            throw CDataFileError(path + ": cannot follow the link " + target + ": " +
+                                 std::strerror(n < 0 ? errno : ENAMETOOLONG));
+        link.resize(static_cast<size_t>(n));
+        target = link[0] == '/' ? link : FolderOf(target) + link;
+    }
+}
+
+// Creates a new file under a short hidden name in the folder (empty: the working
+// folder): a name built from the target's could pass the longest name the system takes.
+int CreateTemporary(const std::string& folder, mode_t mode, std::string& name) {
+    static const char kLetters[] = "abcdefghijklmnopqrstuvwxyzABCDEFGHIJKLMNOPQRSTUVWXYZ0123456789";
+    std::random_device random;
+    for (int attempt = 0; attempt < 100; ++attempt) {
+        name = folder + ".zorvo-";
+        for (int k = 0; k < 6; ++k)
+            name += kLetters[random() % (sizeof kLetters - 1)];
+        const int fd = ::open(name.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, mode);
+        if (fd >= 0 || errno != EEXIST)
+            return fd;
+    }
+    errno = EEXIST;
+    return -1;
+}
+
+} // namespace
+
 void CDataFile::SaveTo(const std::string& path) const {
     const std::string bytes = Contents();
-    std::string tmp = path + ".tmp-XXXXXX";
-    const int fd = ::mkstemp(tmp.data());
+    const std::string target = SaveTarget(path);
+    // An existing file keeps its permissions and, where the system allows, its owner; a
+    // new one gets what creating a file gives (read and write for all, less the umask).
+    struct stat old {};
+    const bool exists = ::stat(target.c_str(), &old) == 0;
+    if (exists && !S_ISREG(old.st_mode))
+        throw CDataFileError(
+            path + ": " +
+            (S_ISDIR(old.st_mode) ? std::strerror(EISDIR) : std::string("not a regular file")) +
+            "; a project is saved only as a regular file");
+    const mode_t mode = exists ? (old.st_mode & 07777) : 0666;
+    std::string tmp;
+    // Created no more open than the target will be: the umask may only take away.
+    const int fd = CreateTemporary(FolderOf(target), mode & 0777, tmp);
     if (fd < 0)
         throw CDataFileError(path +
                              ": cannot create a temporary file beside it: " + std::strerror(errno));
@@ -597,19 +661,35 @@ void CDataFile::SaveTo(const std::string& path) const {
         }
         done += static_cast<size_t>(n);
     }
+    if (exists) {
+        // Failures here are let pass: some file systems hold no owners or permissions,
+        // and a project saved there is still better than none.
+        if ((old.st_uid != ::geteuid() || old.st_gid != ::getegid()) &&
+            ::fchown(fd, old.st_uid, old.st_gid) != 0)
+            (void)!::fchown(fd, static_cast<uid_t>(-1), old.st_gid); // the group alone
+        (void)::fchmod(fd, mode);
+    }
     if (::fsync(fd) != 0)
         fail("cannot flush the file to disk");
-    ::fchmod(fd, 0644);
     if (::close(fd) != 0) {
+        const std::string reason = std::strerror(errno);
         ::unlink(tmp.c_str());
-        throw CDataFileError(path + ": cannot close the file: " + std::strerror(errno) +
+        throw CDataFileError(path + ": cannot close the file: " + reason +
                              " (the existing file is unchanged)");
     }
-    if (std::rename(tmp.c_str(), path.c_str()) != 0) {
+    if (std::rename(tmp.c_str(), target.c_str()) != 0) {
         const std::string reason = std::strerror(errno);
         ::unlink(tmp.c_str());
         throw CDataFileError(path + ": cannot replace the file: " + reason +
                              " (the existing file is unchanged)");
+    }
+    // The rename itself reaches the disk with its folder.
+    const std::string folder = FolderOf(target);
+    const int dir =
+        ::open(folder.empty() ? "." : folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+    if (dir >= 0) {
+        (void)::fsync(dir);
+        ::close(dir);
     }
 }
 

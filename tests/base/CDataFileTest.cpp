@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <cstdio>
+#include <dirent.h>
 #include <fcntl.h>
 #include <fstream>
 #include <sys/stat.h>
@@ -26,6 +27,11 @@ void WriteText(const std::string& path, const std::string& text) {
     std::ofstream(path, std::ios::binary) << text;
 }
 
+std::string ReadText(const std::string& path) {
+    std::ifstream in(path, std::ios::binary);
+    return std::string(std::istreambuf_iterator<char>(in), {});
+}
+
 // A fresh folder, removed with everything in it at the end of the test.
 struct TempFolder {
     std::string path;
@@ -34,7 +40,27 @@ struct TempFolder {
         path = mkdtemp(name);
     }
     ~TempFolder() { (void)!std::system(("rm -rf '" + path + "'").c_str()); }
+    // Entries of the folder, hidden ones included.
+    int Entries() const {
+        int n = 0;
+        DIR* d = opendir(path.c_str());
+        while (dirent* e = readdir(d))
+            n += std::string(e->d_name) != "." && std::string(e->d_name) != "..";
+        closedir(d);
+        return n;
+    }
 };
+
+mode_t Mode(const std::string& path) {
+    struct stat st {};
+    stat(path.c_str(), &st);
+    return st.st_mode & 07777;
+}
+
+bool IsLink(const std::string& path) {
+    struct stat st {};
+    return lstat(path.c_str(), &st) == 0 && S_ISLNK(st.st_mode);
+}
 
 const std::string kEmptyProject = "{\"modules\": []}";
 
@@ -104,4 +130,31 @@ TEST(CDataFile, NestingIsCappedAtSixtyFourLevels) {
     // The 64th '[' is level 65, at column 5 + 64.
     EXPECT_EQ(message("{\"a\":" + std::string(52000, '[')),
               "deep.json: line 1, column 69: not valid JSON: nested more than 64 levels deep");
+}
+
+TEST(CDataFile, SaveKeepsLinksAndPermissions) {
+    TempFolder dir;
+    const std::string file = dir.path + "/project.json";
+    WriteText(file, "old");
+    ASSERT_EQ(chmod(file.c_str(), 0600), 0);
+    // outer -> inner (relative) -> project.json
+    ASSERT_EQ(symlink("project.json", (dir.path + "/inner.json").c_str()), 0);
+    ASSERT_EQ(symlink((dir.path + "/inner.json").c_str(), (dir.path + "/outer.json").c_str()), 0);
+
+    CDataFile(CDataFile::eJson).SaveTo(dir.path + "/outer.json");
+    EXPECT_TRUE(IsLink(dir.path + "/outer.json"));
+    EXPECT_TRUE(IsLink(dir.path + "/inner.json"));
+    EXPECT_NE(ReadText(file), "old");
+    EXPECT_EQ(ReadFileError(dir.path + "/outer.json"), "");
+    EXPECT_EQ(Mode(file), 0600u);
+
+    // A new file gets what a plain create gives under the umask; a 250-character name,
+    // whose temporary once passed the longest name allowed, saves like any other.
+    const mode_t mask = umask(022);
+    const std::string longName = dir.path + "/" + std::string(245, 'p') + ".json";
+    CDataFile(CDataFile::eJson).SaveTo(longName);
+    umask(mask);
+    EXPECT_EQ(Mode(longName), 0644u);
+    EXPECT_EQ(ReadFileError(longName), "");
+    EXPECT_EQ(dir.Entries(), 4); // no temporary left behind
 }

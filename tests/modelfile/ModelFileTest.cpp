@@ -380,8 +380,8 @@ TEST(ModelFile, SaveReplacesOnlyWhenComplete) {
     EXPECT_TRUE(S_ISDIR(st.st_mode));
     int entries = 0;
     DIR* d = opendir(dir.c_str());
-    while (dirent* e = readdir(d))
-        entries += e->d_name[0] != '.';
+    while (dirent* e = readdir(d)) // temporaries are hidden files: count those too
+        entries += std::string(e->d_name) != "." && std::string(e->d_name) != "..";
     closedir(d);
     EXPECT_EQ(entries, 2); // project.json and blocked.json only
     EXPECT_THROW(ZorvoModelFile::Save(dir + "/project.txt", doc), CDataFileError);
