@@ -4,6 +4,7 @@
 #include "modelfile/ZorvoDataFamily.h"
 
 #include <cmath>
+#include <memory>
 
 namespace Tevra::FileIO {
 
@@ -57,8 +58,7 @@ std::vector<std::pair<int, int>> RecordsWithResults(const ZorvoData& doc) {
     return out;
 }
 
-void WriteResults(const ZorvoData& doc, CDataFile& f, int record) {
-    const auto which = RecordsWithResults(doc)[static_cast<size_t>(record - 1)];
+void WriteResults(const ZorvoData& doc, CDataFile& f, std::pair<int, int> which) {
     const CDisplacementData& data = DisplacementRecord(doc, which.first, which.second);
     std::vector<double> values;
     for (const auto& stage : data.AllResults()) {
@@ -284,10 +284,22 @@ ZorvoDataHelpers::ZorvoDataHelpers(ZorvoData& doc) {
              r.Read(f, g);
              d.SetStageProperty(d.NumStageProperties() + 1, r);
          }});
-    // ZorvoDataResults: after every record it refers to.
+    // ZorvoDataResults: after every record it refers to. The records with results are
+    // listed once when the module is counted, at the start of its writing, and record n
+    // is then found in that list: looked up afresh for each, a save took time growing
+    // with the square of the number of records.
+    auto withResults = std::make_shared<std::vector<std::pair<int, int>>>();
     add({202100, L"Results", CDisplacementGrid::GetVersion(),
-         [](const ZorvoData& d) { return static_cast<int>(RecordsWithResults(d).size()); },
-         WriteResults, ReadResults});
+         [withResults](const ZorvoData& d) {
+             *withResults = RecordsWithResults(d);
+             return static_cast<int>(withResults->size());
+         },
+         [withResults](const ZorvoData& d, CDataFile& f, int n) {
+             if (n < 1 || static_cast<size_t>(n) > withResults->size())
+                 *withResults = RecordsWithResults(d);
+             WriteResults(d, f, (*withResults)[static_cast<size_t>(n - 1)]);
+         },
+         ReadResults});
 }
 
 ZorvoDataElement* ZorvoDataHelpers::KeyFromHelpers(const CString& description) const {
