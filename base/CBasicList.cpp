@@ -85,12 +85,4 @@ int CBasicList::MaxItem(int /*limit*/) const {
     return best;
 }
 
-std::vector<int> CBasicList::Items() const {
-    std::vector<int> out;
-    for (const auto& r : m_ranges)
-        for (long v = r.first; v <= r.second; ++v)
-            out.push_back(static_cast<int>(v));
-    return out;
-}
-
 } // namespace Tevra

@@ -27,10 +27,9 @@ class CBasicList {
     // The highest number in the list; 0 for an empty list.
     int MaxItem(int limit = 0) const;
     // The ranges (first, last inclusive) in order of the text; a single number is a
-    // range of one.
+    // range of one. The list offers no expansion into numbers: "1 to 2000000000" from a
+    // file would take gigabytes, so callers walk the ranges.
     const std::vector<std::pair<int, int>>& Ranges() const { return m_ranges; }
-    // Every number in order of the text, ranges expanded: for short lists only.
-    std::vector<int> Items() const;
 
     bool operator==(const CBasicList& o) const { return m_ranges == o.m_ranges; }
     bool operator!=(const CBasicList& o) const { return !(*this == o); }

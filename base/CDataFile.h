@@ -33,7 +33,10 @@ class CDataFile {
     explicit CDataFile(EForm form);
     // A file to read, from its bytes; the form is told by the content. The name is
     // used in messages.
-    static CDataFile FromBytes(const std::string& bytes, const std::string& name);
+    static CDataFile FromBytes(std::string bytes, const std::string& name);
+    // Reads a file, a device or a pipe. Content that is neither form is refused from its
+    // first bytes, and a file too large for this machine's memory from its size, before
+    // it is read; a JSON file may nest objects and arrays 64 levels deep at most.
     static CDataFile FromFile(const std::string& path);
     CDataFile(CDataFile&&) noexcept;
     CDataFile& operator=(CDataFile&&) noexcept;

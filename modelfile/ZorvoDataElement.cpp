@@ -26,7 +26,9 @@ int ZorvoDataElement::WriteDataElementRecord(CDataFile&, int) {
 }
 
 int ZorvoDataElement::WriteDataElementArray(CDataFile& file) {
-    for (int record = StartElementRecord(); record <= GetTotalDataItems(); ++record)
+    // The total is taken once: a family may count its records by walking the project.
+    const int total = GetTotalDataItems();
+    for (int record = StartElementRecord(); record <= total; ++record)
         WriteDataElementRecord(file, record);
     return 1;
 }

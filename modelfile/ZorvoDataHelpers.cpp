@@ -4,6 +4,7 @@
 #include "modelfile/ZorvoDataFamily.h"
 
 #include <cmath>
+#include <memory>
 
 namespace Tevra::FileIO {
 
@@ -57,13 +58,14 @@ std::vector<std::pair<int, int>> RecordsWithResults(const ZorvoData& doc) {
     return out;
 }
 
-void WriteResults(const ZorvoData& doc, CDataFile& f, int record) {
-    const auto which = RecordsWithResults(doc)[static_cast<size_t>(record - 1)];
+void WriteResults(const ZorvoData& doc, CDataFile& f, std::pair<int, int> which) {
     const CDisplacementData& data = DisplacementRecord(doc, which.first, which.second);
     std::vector<double> values;
     for (const auto& stage : data.AllResults()) {
-        const size_t first = stage.size();
-        const size_t second = first ? stage[0].size() : 0;
+        // A stage without samples is written 0 x 0 whatever positions it was sized for:
+        // the reader refuses positions that hold nothing.
+        const size_t second = stage.empty() ? 0 : stage[0].size();
+        const size_t first = second ? stage.size() : 0;
         values.push_back(static_cast<double>(first));
         values.push_back(static_cast<double>(second));
         for (const auto& row : stage) {
@@ -83,6 +85,15 @@ void WriteResults(const ZorvoData& doc, CDataFile& f, int record) {
     f.WriteInt(jnRecord, which.second);
     f.WriteInt(jnStages, static_cast<int>(data.AllResults().size()));
     f.WriteDoubleArray(jnSamples, values);
+}
+
+// The family and number of a displacement record as an engineer names it.
+std::string RecordName(int family, int number) {
+    const char* kind = family == eModuleDisplacementPoints      ? "displacement point "
+                       : family == eModuleDisplacementLines     ? "displacement line "
+                       : family == eModuleDisplacementPolylines ? "displacement polyline "
+                                                                : "displacement grid ";
+    return kind + std::to_string(number);
 }
 
 // A whole number from the results list, within [0, limit].
@@ -115,12 +126,18 @@ void ReadResults(ZorvoData& doc, CDataFile& f, int) {
         f.Fail("the results claim " + std::to_string(stages) + " stages, more than the list holds");
     std::vector<CDisplacementData::StageResults> all(static_cast<size_t>(stages));
     size_t at = 0;
-    for (auto& stage : all) {
+    for (size_t k = 0; k < all.size(); ++k) {
+        auto& stage = all[k];
         if (v.size() - at < 2)
             f.Fail("the results list ends before all its stages");
         const size_t left = (v.size() - at - 2) / kSampleValues;
         const size_t first = Count(f, v[at], left, "first size");
         const size_t second = Count(f, v[at + 1], first ? left / first : 0, "second size");
+        // Positions without samples would cost memory for no number of the file.
+        if (first > 0 && second == 0)
+            f.Fail("the results of " + RecordName(family, number) + " hold " +
+                   std::to_string(first) + " x 0 samples at calculation stage " +
+                   std::to_string(k) + "; a stage without samples should be 0 x 0");
         at += 2;
         stage.assign(first, std::vector<GeoDispResult>(second));
         for (auto& row : stage) {
@@ -267,10 +284,22 @@ ZorvoDataHelpers::ZorvoDataHelpers(ZorvoData& doc) {
              r.Read(f, g);
              d.SetStageProperty(d.NumStageProperties() + 1, r);
          }});
-    // ZorvoDataResults: after every record it refers to.
+    // ZorvoDataResults: after every record it refers to. The records with results are
+    // listed once when the module is counted, at the start of its writing, and record n
+    // is then found in that list: looked up afresh for each, a save took time growing
+    // with the square of the number of records.
+    auto withResults = std::make_shared<std::vector<std::pair<int, int>>>();
     add({202100, L"Results", CDisplacementGrid::GetVersion(),
-         [](const ZorvoData& d) { return static_cast<int>(RecordsWithResults(d).size()); },
-         WriteResults, ReadResults});
+         [withResults](const ZorvoData& d) {
+             *withResults = RecordsWithResults(d);
+             return static_cast<int>(withResults->size());
+         },
+         [withResults](const ZorvoData& d, CDataFile& f, int n) {
+             if (n < 1 || static_cast<size_t>(n) > withResults->size())
+                 *withResults = RecordsWithResults(d);
+             WriteResults(d, f, (*withResults)[static_cast<size_t>(n - 1)]);
+         },
+         ReadResults});
 }
 
 ZorvoDataElement* ZorvoDataHelpers::KeyFromHelpers(const CString& description) const {

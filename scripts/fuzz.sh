@@ -20,7 +20,8 @@ CC=clang CXX=clang++ cmake -S . -B build-fuzz -G Ninja -DCMAKE_BUILD_TYPE=RelWit
   -DZORVO_FUZZ=ON -DZORVO_BUILD_TESTS=OFF -DZORVO_BUILD_BENCH=OFF
 cmake --build build-fuzz --target FuzzJsonReader FuzzBinaryReader zorvo
 
-# Seeds: the example projects in both forms, and the test projects.
+# Seeds: the example projects in both forms, the test projects, and the hostile files
+# that the reader once mishandled.
 mkdir -p build-fuzz/corpus-json build-fuzz/corpus-binary build-fuzz/findings
 for f in examples/*.json tests/host/data/*.json; do
   cp "$f" build-fuzz/corpus-json/
@@ -28,6 +29,11 @@ for f in examples/*.json tests/host/data/*.json; do
   if build-fuzz/zorvo convert "$f" "$out" >/dev/null 2>&1; then
     tail -c +13 "$out" > "build-fuzz/corpus-binary/$(basename "$out")"
   fi
+done
+cp tests/host/hostile/*.json build-fuzz/corpus-json/
+for f in tests/host/hostile/*.zorvo; do
+  # The binary target supplies the 12-byte header itself.
+  tail -c +13 "$f" > "build-fuzz/corpus-binary/hostile-$(basename "$f")"
 done
 
 for target in FuzzJsonReader FuzzBinaryReader; do

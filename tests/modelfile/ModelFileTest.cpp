@@ -302,6 +302,11 @@ TEST(ModelFile, BinaryFaultsNameTheirPlace) {
     badCount[countAt] = 1;
     EXPECT_NE(ReadError(badCount).find("holds more data than its 1 records"), std::string::npos);
 
+    // A record count that the module's bytes cannot hold is refused before the records
+    // are walked.
+    badCount[countAt + 3] = '\x7f';
+    EXPECT_NE(ReadError(badCount).find("more than its"), std::string::npos);
+
     // A huge text length must be refused before anything is allocated.
     std::string hugeText = good;
     hugeText[moduleStart + 4] = '\xff';
@@ -375,14 +380,45 @@ TEST(ModelFile, SaveReplacesOnlyWhenComplete) {
     EXPECT_TRUE(S_ISDIR(st.st_mode));
     int entries = 0;
     DIR* d = opendir(dir.c_str());
-    while (dirent* e = readdir(d))
-        entries += e->d_name[0] != '.';
+    while (dirent* e = readdir(d)) // temporaries are hidden files: count those too
+        entries += std::string(e->d_name) != "." && std::string(e->d_name) != "..";
     closedir(d);
     EXPECT_EQ(entries, 2); // project.json and blocked.json only
     EXPECT_THROW(ZorvoModelFile::Save(dir + "/project.txt", doc), CDataFileError);
     std::remove(path.c_str());
     rmdir(blocked.c_str());
     rmdir(dir.c_str());
+}
+
+// Stages of "N x 0" samples once made a 343 KB file allocate without bound: each stage
+// took N empty rows for two numbers of the file.
+TEST(ModelFile, ResultsStageWithPositionsButNoSamplesIsRefused) {
+    // Stage 0 is 0 x 0; stage 1 claims 1 x 0, which the 13 numbers after it could hold.
+    const std::string file =
+        R"({"modules": [{"description": "Displacement Points", "records": [{"point": )"
+        R"({"x": 0, "y": 0, "z": 100}}]}, {"description": "Results", "records": [{"family": 6, )"
+        R"("record": 1, "stages": 2, "samples": [0, 0, 1, 0, )"
+        R"(0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0]}]}]})";
+    EXPECT_NE(ReadError(file).find("(module 'Results'): the results of displacement point 1 hold "
+                                   "1 x 0 samples at calculation stage 1; a stage without "
+                                   "samples should be 0 x 0"),
+              std::string::npos)
+        << ReadError(file);
+
+    // A grid sized with no positions across it has such stages in memory: they are written
+    // 0 x 0, so that the saved file reads.
+    ZorvoData doc;
+    CDisplacementGrid grid(L"Edge");
+    grid.SetIntervalsAlongLine(4);
+    grid.SetIntervalsAlongExtrusion(-1);
+    doc.SetDisplacementGrid(1, grid);
+    doc.AccessDisplacementGrid(1).ResizeResults(2);
+    ASSERT_EQ(doc.GetDisplacementGrid(1).NumResults(1), 5);
+    for (auto form : {CDataFile::eJson, CDataFile::eBinary}) {
+        const ZorvoData back = RoundTrip(doc, form);
+        EXPECT_EQ(back.GetDisplacementGrid(1).NumResultStages(), 2);
+        EXPECT_EQ(back.GetDisplacementGrid(1).NumResults(1), 0);
+    }
 }
 
 // Found by fuzzing: a name with a lone surrogate escape loaded, but was written back as
