@@ -1,6 +1,7 @@
 #include "CDataFile.h"
 
 #include "JsonNameID.h"
+#include "SystemMemory.h"
 
 #include <rapidjson/document.h>
 #include <rapidjson/encodedstream.h>
@@ -216,22 +217,6 @@ constexpr double kJsonMemoryPerByte = 4.0;
 // Read size for files and streams (bytes).
 constexpr size_t kReadChunk = 1 << 16;
 
-// The machine's physical memory (bytes). Where the system does not say, a small machine
-// of 4 GB is assumed, so that a stream is still read to a bound.
-double PhysicalMemory() {
-    const long pages = ::sysconf(_SC_PHYS_PAGES);
-    const long pageSize = ::sysconf(_SC_PAGE_SIZE);
-    if (pages <= 0 || pageSize <= 0)
-        return 4e9;
-    return static_cast<double>(pages) * static_cast<double>(pageSize);
-}
-
-std::string Gigabytes(double bytes) {
-    char text[32];
-    std::snprintf(text, sizeof text, "%.1f GB", bytes / 1e9);
-    return text;
-}
-
 // Closes a file descriptor when it goes out of scope.
 struct CFdCloser {
     int fd;
@@ -359,7 +344,7 @@ CDataFile CDataFile::FromFile(const std::string& path) {
     // A regular file says its size, and one too large for this machine is refused after
     // its first bytes. A device or a pipe is read until it ends, and refused once it has
     // given more than this machine could read.
-    const double memory = PhysicalMemory();
+    const double memory = SystemMemory::Bytes();
     const bool sized = S_ISREG(st.st_mode);
     bool sizeChecked = false;
     CContentSniffer sniffer;
@@ -390,15 +375,17 @@ CDataFile CDataFile::FromFile(const std::string& path) {
             sizeChecked = true;
             const double size = static_cast<double>(st.st_size);
             if (size * perByte > memory)
-                throw CDataFileError(path + ": the file is " + Gigabytes(size) +
-                                     "; reading it needs about " + Gigabytes(size * perByte) +
-                                     ", more than the " + Gigabytes(memory) + " this machine has");
+                throw CDataFileError(path + ": the file is " + SystemMemory::Describe(size) +
+                                     "; reading it needs about " +
+                                     SystemMemory::Describe(size * perByte) + ", more than the " +
+                                     SystemMemory::Describe(memory) + " " + SystemMemory::Source());
             bytes.reserve(static_cast<size_t>(st.st_size) + kReadChunk);
         }
         if (static_cast<double>(bytes.size()) * perByte > memory)
-            throw CDataFileError(
-                path + ": the file runs past " + Gigabytes(static_cast<double>(bytes.size())) +
-                "; reading it needs more than the " + Gigabytes(memory) + " this machine has");
+            throw CDataFileError(path + ": the file runs past " +
+                                 SystemMemory::Describe(static_cast<double>(bytes.size())) +
+                                 "; reading it needs more than the " +
+                                 SystemMemory::Describe(memory) + " " + SystemMemory::Source());
     }
     return FromBytes(std::move(bytes), path);
 }

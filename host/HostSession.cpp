@@ -1,6 +1,6 @@
 #include "HostSession.h"
 
-#include "host/SystemMemory.h"
+#include "base/SystemMemory.h"
 #include "modelfile/ZorvoModelFile.h"
 #include "validation/CCheckPass.h"
 

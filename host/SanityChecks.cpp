@@ -1,6 +1,6 @@
 #include "SanityChecks.h"
 
-#include "host/SystemMemory.h"
+#include "base/SystemMemory.h"
 
 #include <climits>
 #include <cmath>

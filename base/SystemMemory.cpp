@@ -44,8 +44,13 @@ struct Reading {
     bool limited;
 };
 
+// Where the system does not say, a small machine of 4 GB.
+constexpr double kUnknownMemory = 4.0 * 1024 * 1024 * 1024;
+
 Reading Read() {
     Reading r{PhysicalBytes(), false};
+    if (r.bytes == 0.0)
+        r.bytes = kUnknownMemory;
     for (double limit : {ProcessLimit(), GroupLimit()}) {
         if (limit > 0.0 && (r.bytes == 0.0 || limit < r.bytes))
             r = {limit, true};

@@ -8,7 +8,7 @@ namespace Tevra {
 // any limit set on the process (ulimit -v, ulimit -d) or on its control group.
 class SystemMemory {
   public:
-    // Bytes; 0 when nothing can be read.
+    // Bytes; 4 GB when the system does not say.
     static double Bytes();
     // Where the figure comes from, for messages: "this machine has" or "this process may use".
     static const char* Source();
