@@ -386,6 +386,15 @@ CDataFile CDataFile::FromFile(const std::string& path) {
                                  SystemMemory::Describe(static_cast<double>(bytes.size())) +
                                  "; reading it needs more than the " +
                                  SystemMemory::Describe(memory) + " " + SystemMemory::Source());
+        // JSON holds no control character but its blanks, not even in a text: a stream of
+        // anything else that happened to open with a brace is refused in its first chunk.
+        if (content != CContentSniffer::eBinary) {
+            const auto bad = std::find_if(
+                bytes.begin() + static_cast<std::ptrdiff_t>(at), bytes.end(),
+                [](char c) { return static_cast<unsigned char>(c) < 0x20 && !IsJsonSpace(c); });
+            if (bad != bytes.end())
+                NotAModelFile(path, false);
+        }
     }
     return FromBytes(std::move(bytes), path);
 }

@@ -72,6 +72,8 @@ TEST(CDataFile, RefusesWhatIsNoModelFileFromItsFirstBytes) {
     WriteText(dir.path + "/empty.json", "");
     WriteText(dir.path + "/bom.json", "\xEF\xBB\xBF \r\n\t" + kEmptyProject);
     WriteText(dir.path + "/list.json", "  [1, 2]");
+    // Random bytes that open with a brace: no JSON holds a control character.
+    WriteText(dir.path + "/noise.json", std::string("{\"a\x01\x7f", 5) + kEmptyProject);
     struct {
         std::string path;
         std::string message; // "" when the file reads
@@ -84,6 +86,8 @@ TEST(CDataFile, RefusesWhatIsNoModelFileFromItsFirstBytes) {
         {dir.path + "/empty.json", dir.path + "/empty.json: the file is empty"},
         {dir.path + "/list.json",
          dir.path + "/list.json: the file is neither a binary model file nor a JSON object"},
+        {dir.path + "/noise.json",
+         dir.path + "/noise.json: the file is neither a binary model file nor a JSON object"},
         {dir.path + "/bom.json", ""},
     };
     for (const auto& c : cases)
