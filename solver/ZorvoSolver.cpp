@@ -1,5 +1,6 @@
 #include "ZorvoSolver.h"
 
+#include "base/CPolylineCursor.h"
 #include "solver/ZorvoCal.h"
 
 #include <cmath>
@@ -201,11 +202,13 @@ void ZorvoSolver::CalcGroundMovements_DisplacementPolylines(int stage) {
         const int J = record.GetIntervalsAlongLine();
         const double spacing = polyline.Len(true) / J;
         const int positions = record.NumResults(stage); // J + 1
+        // One walk along the vertices for all the samples, which come at rising distances.
+        CPolylineCursor cursor(polyline);
         for (int k = 0; k < positions; ++k) {
             if (LoopCancelled())
                 continue;
             Vec3<double> p;
-            if (polyline.PointAt(k * spacing, p) < 0)
+            if (cursor.PointAt(k * spacing, p) < 0)
                 continue; // a polyline of fewer than two points has no locations
             GeoDispResult result;
             result.SetPoint(p);
