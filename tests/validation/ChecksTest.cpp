@@ -2,6 +2,10 @@
 
 #include <gtest/gtest.h>
 
+#include <cmath>
+#include <random>
+#include <set>
+
 using namespace Tevra;
 using namespace Tevra::Data;
 
@@ -195,6 +199,209 @@ TEST(TunnelWarnings, MairZOverZ0IsReportedOnceForTheFirstExample) {
                             L"displacement data are below the crown of the tunnel or give z/zo "
                             L"ratios that are greater than 0.8.  An example is Tunnel 1 and "
                             L"Displacement Data 1.  There may be others."));
+}
+
+namespace {
+
+// The z/zo search as the warning states it: every tunnel, stage, record and location.
+bool EveryLocation(const ZorvoData& doc, const std::set<int>& tunnels, int& tunnel, int& data) {
+    for (int t : tunnels)
+        for (int s = 0; s < doc.NumStages(true, false); ++s) {
+            if (!doc.IsTunnelInStage(t, s))
+                continue;
+            for (int d = 1; d <= doc.NumDisplacementData(); ++d) {
+                EPointType type;
+                int index;
+                doc.GetDisplacementTypeIndex(d, type, index);
+                const int n = doc.GetDisplacementData(d).NumDisplacementLocations(true);
+                for (int l = 1; l <= n; ++l) {
+                    Vec3<double> p;
+                    if (doc.GetDisplacementLocation(type, index, l, p, true) &&
+                        doc.WarningMairZOverZ0(s, t, p)) {
+                        tunnel = t;
+                        data = d;
+                        return true;
+                    }
+                }
+            }
+        }
+    return false;
+}
+
+} // namespace
+
+// The search tests only the ends of runs of locations where the answer cannot change
+// between them; it must name the tunnel and record that testing every location names.
+TEST(TunnelWarnings, MairZOverZ0SearchFindsWhatEveryLocationWould) {
+    std::mt19937 random(20240611);
+    auto uniform = [&](double a, double b) {
+        return std::uniform_real_distribution<double>(a, b)(random);
+    };
+    auto pick = [&](int n) { return std::uniform_int_distribution<int>(0, n - 1)(random); };
+    int found = 0, shortcuts = 0;
+    for (int c = 0; c < 1000; ++c) {
+        ZorvoData doc;
+        // Four kinds of tunnel whose z/zo test changes at level 165 where the axis is level:
+        // ground above the axis (axis 80, ground 100); ground below it (axis 84.5, ground
+        // 64.5), where the ratio rises with the point; ground at the axis (82.5); and a
+        // sloping axis. Any plan direction.
+        for (int t = 1; t <= 2; ++t) {
+            const double angle = uniform(0.0, 6.3);
+            GeoTunnel tunnel = Tunnel(L"T", -50.0 * std::cos(angle), -50.0 * std::sin(angle),
+                                      50.0 * std::cos(angle), 50.0 * std::sin(angle));
+            tunnel.SetSubSurfaceMethod(GeoTunnel::eMair);
+            const int kind = pick(4);
+            const double axis[] = {80.0, 84.5, 82.5, 80.0}, ground[] = {100.0, 64.5, 82.5, 100.0};
+            tunnel.SetZCentreLine1(axis[kind]);
+            tunnel.SetZCentreLine2(kind == 3 ? uniform(70.0, 90.0) : axis[kind]);
+            tunnel.SetGroundLevel1(ground[kind]);
+            tunnel.SetGroundLevel2(ground[kind]);
+            shortcuts += kind < 2 ? 1 : 0;
+            doc.SetTunnel(t, tunnel);
+        }
+        // Stage 1 holds tunnel 1, stage 2 both, with tunnel 1 enlarged in stage 2 so that
+        // its crown may reach the record.
+        CBasicList list;
+        list.SetString(L"1");
+        CStage stage;
+        stage.SetTunnels(list);
+        doc.SetStage(1, stage);
+        list.SetString(L"1 to 2");
+        stage.SetTunnels(list);
+        doc.SetStage(2, stage);
+        CStageProperty larger;
+        larger.SetStage(2);
+        larger.SetRefs(list);
+        larger.SetValues({uniform(5.0, 200.0)});
+        doc.SetStageProperty(1, larger);
+
+        // One record rising or falling some metres about those levels.
+        const double base = uniform(130.0, 200.0);
+        auto level = [&] { return base + uniform(-15.0, 15.0); };
+        auto plan = [&] { return uniform(-80.0, 80.0); };
+        switch (pick(4)) {
+        case 0: {
+            CDisplacementGrid g;
+            g.SetPoint1({plan(), plan(), level()});
+            g.SetPoint2({plan(), plan(), level()});
+            const int direction = pick(3);
+            g.SetExtrusionDirection(static_cast<EExtrusionDirection>(direction));
+            g.SetExtrusionDistance(direction == eExtrudeZ ? uniform(-30.0, 30.0)
+                                                          : uniform(-60.0, 60.0));
+            g.SetIntervalsAlongLine(1 + pick(6));
+            g.SetIntervalsAlongExtrusion(1 + pick(6));
+            doc.SetDisplacementGrid(1, g);
+            break;
+        }
+        case 1: {
+            CDisplacementLine l;
+            l.SetPoint1({plan(), plan(), level()});
+            l.SetPoint2({plan(), plan(), level()});
+            l.SetIntervalsAlongLine(1 + pick(8));
+            doc.SetDisplacementLine(1, l);
+            break;
+        }
+        case 2: {
+            CPolylinePlus polyline;
+            for (int v = 0; v < 4; ++v)
+                polyline.SetPoint(v, {plan(), plan(), level()});
+            doc.SetPolyline(1, polyline);
+            CDisplacementPolyline dp;
+            dp.SetIntervalsAlongLine(1 + pick(8));
+            doc.SetDisplacementPolyline(1, dp);
+            break;
+        }
+        default: {
+            CDisplacementPoint p;
+            p.SetPoint({plan(), plan(), level()});
+            doc.SetDisplacementPoint(1, p);
+        }
+        }
+
+        const std::set<int> sets[] = {{1}, {2}, {1, 2}};
+        const std::set<int>& tunnels = sets[pick(3)];
+        int expectedTunnel = 0, expectedData = 0, tunnel = 0, data = 0;
+        bool stopped = true;
+        const bool expected = EveryLocation(doc, tunnels, expectedTunnel, expectedData);
+        ASSERT_EQ(doc.FindMairZOverZ0Example(tunnels, {}, tunnel, data, stopped), expected) << c;
+        EXPECT_FALSE(stopped);
+        if (expected) {
+            EXPECT_EQ(tunnel, expectedTunnel) << c;
+            EXPECT_EQ(data, expectedData) << c;
+            ++found;
+        }
+    }
+    // Both answers, and the tunnels that let whole records be judged by their ends, are
+    // well represented.
+    EXPECT_GT(found, 250) << found;
+    EXPECT_LT(found, 750) << found;
+    EXPECT_GT(shortcuts, 750);
+
+    // Ground at -0 over an axis at +0, on the level: beyond the tunnel's ends the ratio
+    // divides by -0 and is +infinity, alongside it by +0 and is -infinity. Of a level
+    // grid reaching past the tunnel's end at one corner, that corner alone is out of
+    // range: the first and last locations, alongside, must not speak for it.
+    ZorvoData doc;
+    GeoTunnel zero = Tunnel(L"T", -50.0, -50.0, 50.0, 50.0); // alongside it: |x + y| <= 100
+    zero.SetZCentreLine1(0.0);
+    zero.SetZCentreLine2(0.0);
+    zero.SetGroundLevel1(-0.0);
+    zero.SetGroundLevel2(-0.0);
+    zero.SetDiameter(1.0);
+    zero.SetSubSurfaceMethod(GeoTunnel::eMair);
+    doc.SetTunnel(1, zero);
+    // From (40, 40) to (0, 40) along X, swept 30 m along Y: only the corner (40, 70) lies
+    // beyond the tunnel's end.
+    CDisplacementGrid grid;
+    grid.SetPoint1({40.0, 40.0, 10.0});
+    grid.SetPoint2({0.0, 40.0, 10.0});
+    grid.SetExtrusionDirection(eExtrudeY);
+    grid.SetExtrusionDistance(30.0);
+    grid.SetIntervalsAlongLine(2);
+    grid.SetIntervalsAlongExtrusion(2);
+    doc.SetDisplacementGrid(1, grid);
+    EXPECT_TRUE(doc.WarningMairZOverZ0(0, 1, {40.0, 70.0, 10.0}));
+    EXPECT_FALSE(doc.WarningMairZOverZ0(0, 1, {40.0, 40.0, 10.0}));
+    EXPECT_FALSE(doc.WarningMairZOverZ0(0, 1, {0.0, 70.0, 10.0}));
+    int tunnel = 0, data = 0;
+    bool stopped = false;
+    EXPECT_TRUE(doc.FindMairZOverZ0Example({1}, {}, tunnel, data, stopped));
+}
+
+// Guards the check that ran for minutes and could not be stopped: a grid of 46,001 x
+// 46,001 locations, none out of range, under a sloping tunnel so that each location
+// must be tested. The search asks to stop every few thousand locations.
+TEST(TunnelWarnings, MairZOverZ0SearchStopsWhenAsked) {
+    ZorvoData doc;
+    GeoTunnel t = Tunnel(L"T", 0.0, -100.0, 0.0, 100.0);
+    t.SetZCentreLine1(0.0);
+    t.SetZCentreLine2(0.5);
+    t.SetGroundLevel1(25.0);
+    t.SetGroundLevel2(25.0);
+    t.SetSubSurfaceMethod(GeoTunnel::eMair);
+    doc.SetTunnel(1, t);
+    // At level 10 the ratio is at most (25 - 9.5) / 24.5 < 0.8, above a crown below 4.
+    CDisplacementGrid grid;
+    grid.SetPoint1({-50.0, -50.0, 10.0});
+    grid.SetPoint2({50.0, -50.0, 10.0});
+    grid.SetExtrusionDistance(100.0);
+    grid.SetIntervalsAlongLine(46000);
+    grid.SetIntervalsAlongExtrusion(46000);
+    doc.SetDisplacementGrid(1, grid);
+
+    int asked = 0, tunnel = 0, data = 0;
+    bool stopped = false;
+    EXPECT_FALSE(doc.FindMairZOverZ0Example(
+        {1}, [&asked] { return ++asked == 3; }, tunnel, data, stopped));
+    EXPECT_TRUE(stopped);
+    EXPECT_EQ(asked, 3);
+
+    // A small grid of the same kind is searched to its end and holds nothing.
+    grid.SetIntervalsAlongLine(40);
+    grid.SetIntervalsAlongExtrusion(40);
+    doc.SetDisplacementGrid(1, grid);
+    EXPECT_FALSE(doc.FindMairZOverZ0Example({1}, {}, tunnel, data, stopped));
+    EXPECT_FALSE(stopped);
 }
 
 TEST(StageErrors, ReferencesThatDoNotExist) {
