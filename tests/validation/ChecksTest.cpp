@@ -237,105 +237,78 @@ TEST(TunnelWarnings, MairZOverZ0SearchFindsWhatEveryLocationWould) {
     auto uniform = [&](double a, double b) {
         return std::uniform_real_distribution<double>(a, b)(random);
     };
-    auto pick = [&](int n) { return std::uniform_int_distribution<int>(0, n - 1)(random); };
-    int found = 0, shortcuts = 0;
+    auto plan = [&] { return uniform(-80.0, 80.0); };
+    int found = 0;
     for (int c = 0; c < 1000; ++c) {
+        // Tunnels whose test changes at level 165 where the axis is level: ground above
+        // the axis (80 under 100); ground below it (84.5 over 64.5), where the ratio rises
+        // with the point; ground at it (82.5); and a sloping axis.
         ZorvoData doc;
-        // Four kinds of tunnel whose z/zo test changes at level 165 where the axis is level:
-        // ground above the axis (axis 80, ground 100); ground below it (axis 84.5, ground
-        // 64.5), where the ratio rises with the point; ground at the axis (82.5); and a
-        // sloping axis. Any plan direction.
         for (int t = 1; t <= 2; ++t) {
-            const double angle = uniform(0.0, 6.3);
-            GeoTunnel tunnel = Tunnel(L"T", -50.0 * std::cos(angle), -50.0 * std::sin(angle),
-                                      50.0 * std::cos(angle), 50.0 * std::sin(angle));
+            const double angle = uniform(0.0, 6.3), c50 = 50.0 * std::cos(angle),
+                         s50 = 50.0 * std::sin(angle);
+            GeoTunnel tunnel = Tunnel(L"T", -c50, -s50, c50, s50);
             tunnel.SetSubSurfaceMethod(GeoTunnel::eMair);
-            const int kind = pick(4);
+            const int kind = static_cast<int>(random() % 4);
             const double axis[] = {80.0, 84.5, 82.5, 80.0}, ground[] = {100.0, 64.5, 82.5, 100.0};
             tunnel.SetZCentreLine1(axis[kind]);
             tunnel.SetZCentreLine2(kind == 3 ? uniform(70.0, 90.0) : axis[kind]);
             tunnel.SetGroundLevel1(ground[kind]);
             tunnel.SetGroundLevel2(ground[kind]);
-            shortcuts += kind < 2 ? 1 : 0;
             doc.SetTunnel(t, tunnel);
         }
-        // Stage 1 holds tunnel 1, stage 2 both, with tunnel 1 enlarged in stage 2 so that
-        // its crown may reach the record.
+        // Stage 2 enlarges tunnel 1 so that its crown may reach the record.
         CBasicList list;
-        list.SetString(L"1");
+        list.SetString(L"1 to 2");
         CStage stage;
         stage.SetTunnels(list);
         doc.SetStage(1, stage);
-        list.SetString(L"1 to 2");
-        stage.SetTunnels(list);
-        doc.SetStage(2, stage);
         CStageProperty larger;
-        larger.SetStage(2);
+        larger.SetStage(1);
         larger.SetRefs(list);
         larger.SetValues({uniform(5.0, 200.0)});
         doc.SetStageProperty(1, larger);
 
-        // One record rising or falling some metres about those levels.
+        // A line, a grid swept any way, or a polyline, rising or falling about 165.
         const double base = uniform(130.0, 200.0);
-        auto level = [&] { return base + uniform(-15.0, 15.0); };
-        auto plan = [&] { return uniform(-80.0, 80.0); };
-        switch (pick(4)) {
-        case 0: {
-            CDisplacementGrid g;
-            g.SetPoint1({plan(), plan(), level()});
-            g.SetPoint2({plan(), plan(), level()});
-            const int direction = pick(3);
-            g.SetExtrusionDirection(static_cast<EExtrusionDirection>(direction));
-            g.SetExtrusionDistance(direction == eExtrudeZ ? uniform(-30.0, 30.0)
-                                                          : uniform(-60.0, 60.0));
-            g.SetIntervalsAlongLine(1 + pick(6));
-            g.SetIntervalsAlongExtrusion(1 + pick(6));
-            doc.SetDisplacementGrid(1, g);
-            break;
-        }
-        case 1: {
+        auto at = [&] { return Vec3<double>(plan(), plan(), base + uniform(-15.0, 15.0)); };
+        const int intervals = 1 + static_cast<int>(random() % 6), kind = c % 3;
+        if (kind == 0) {
             CDisplacementLine l;
-            l.SetPoint1({plan(), plan(), level()});
-            l.SetPoint2({plan(), plan(), level()});
-            l.SetIntervalsAlongLine(1 + pick(8));
+            l.SetPoint1(at());
+            l.SetPoint2(at());
+            l.SetIntervalsAlongLine(intervals);
             doc.SetDisplacementLine(1, l);
-            break;
-        }
-        case 2: {
+        } else if (kind == 1) {
+            CDisplacementGrid g;
+            g.SetPoint1(at());
+            g.SetPoint2(at());
+            g.SetExtrusionDirection(static_cast<EExtrusionDirection>(c % 9 / 3));
+            g.SetExtrusionDistance(uniform(-30.0, 30.0));
+            g.SetIntervalsAlongLine(intervals);
+            g.SetIntervalsAlongExtrusion(1 + intervals % 4);
+            doc.SetDisplacementGrid(1, g);
+        } else {
             CPolylinePlus polyline;
             for (int v = 0; v < 4; ++v)
-                polyline.SetPoint(v, {plan(), plan(), level()});
+                polyline.SetPoint(v, at());
             doc.SetPolyline(1, polyline);
             CDisplacementPolyline dp;
-            dp.SetIntervalsAlongLine(1 + pick(8));
+            dp.SetIntervalsAlongLine(intervals);
             doc.SetDisplacementPolyline(1, dp);
-            break;
-        }
-        default: {
-            CDisplacementPoint p;
-            p.SetPoint({plan(), plan(), level()});
-            doc.SetDisplacementPoint(1, p);
-        }
         }
 
-        const std::set<int> sets[] = {{1}, {2}, {1, 2}};
-        const std::set<int>& tunnels = sets[pick(3)];
+        const std::set<int> tunnels = c % 4 == 0 ? std::set<int>{2} : std::set<int>{1, 2};
         int expectedTunnel = 0, expectedData = 0, tunnel = 0, data = 0;
         bool stopped = true;
         const bool expected = EveryLocation(doc, tunnels, expectedTunnel, expectedData);
         ASSERT_EQ(doc.FindMairZOverZ0Example(tunnels, {}, tunnel, data, stopped), expected) << c;
         EXPECT_FALSE(stopped);
-        if (expected) {
-            EXPECT_EQ(tunnel, expectedTunnel) << c;
-            EXPECT_EQ(data, expectedData) << c;
-            ++found;
-        }
+        EXPECT_EQ(tunnel, expected ? expectedTunnel : 0) << c;
+        found += expected ? 1 : 0;
     }
-    // Both answers, and the tunnels that let whole records be judged by their ends, are
-    // well represented.
-    EXPECT_GT(found, 250) << found;
-    EXPECT_LT(found, 750) << found;
-    EXPECT_GT(shortcuts, 750);
+    EXPECT_GT(found, 250); // both answers well represented
+    EXPECT_LT(found, 750);
 
     // Ground at -0 over an axis at +0, on the level: beyond the tunnel's ends the ratio
     // divides by -0 and is +infinity, alongside it by +0 and is -infinity. Of a level
@@ -395,13 +368,6 @@ TEST(TunnelWarnings, MairZOverZ0SearchStopsWhenAsked) {
         {1}, [&asked] { return ++asked == 3; }, tunnel, data, stopped));
     EXPECT_TRUE(stopped);
     EXPECT_EQ(asked, 3);
-
-    // A small grid of the same kind is searched to its end and holds nothing.
-    grid.SetIntervalsAlongLine(40);
-    grid.SetIntervalsAlongExtrusion(40);
-    doc.SetDisplacementGrid(1, grid);
-    EXPECT_FALSE(doc.FindMairZOverZ0Example({1}, {}, tunnel, data, stopped));
-    EXPECT_FALSE(stopped);
 }
 
 TEST(StageErrors, ReferencesThatDoNotExist) {
