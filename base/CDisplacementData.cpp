@@ -16,8 +16,10 @@ ESurfaceType GetSurfaceTypeFromCStr(const CString& text) {
 }
 
 void CDisplacementData::ResizeResults(int numStages) {
-    const size_t first = static_cast<size_t>(std::max(NumFirstPositions(), 0));
-    const size_t second = static_cast<size_t>(std::max(NumSecondPositions(), 0));
+    // A record whose locations cannot be numbered has none.
+    const bool numbered = NumLocationsInAll() > 0;
+    const size_t first = numbered ? static_cast<size_t>(NumFirstPositions()) : 0;
+    const size_t second = numbered ? static_cast<size_t>(NumSecondPositions()) : 0;
     // Each stage sized in place: no second copy of a large store is ever held.
     m_results.clear();
     m_results.resize(static_cast<size_t>(std::max(numStages, 0)));
@@ -36,6 +38,19 @@ int CDisplacementData::NumResults(int stage) const {
     if (stage < 0 || static_cast<size_t>(stage) >= m_results.size())
         return 0;
     return static_cast<int>(m_results[static_cast<size_t>(stage)].size());
+}
+
+bool CDisplacementData::StoreMatches(int stage) const {
+    if (stage < 0 || static_cast<size_t>(stage) >= m_results.size())
+        return false;
+    const bool numbered = NumLocationsInAll() > 0;
+    const size_t first = numbered ? static_cast<size_t>(NumFirstPositions()) : 0;
+    const size_t second = numbered ? static_cast<size_t>(NumSecondPositions()) : 0;
+    const StageResults& store = m_results[static_cast<size_t>(stage)];
+    return store.size() == first &&
+           std::all_of(store.begin(), store.end(), [second](const std::vector<GeoDispResult>& row) {
+               return row.size() == second;
+           });
 }
 
 namespace {

@@ -2,6 +2,7 @@
 
 #include "GeoDispResult.h"
 
+#include <climits>
 #include <vector>
 
 namespace Tevra::FileIO {
@@ -59,6 +60,9 @@ class CDisplacementData : public NamedEntity {
     }
     // Samples in the first position at the stage; 0 for a stage that has no store.
     int NumResults(int stage) const;
+    // Whether the stage's store holds exactly the record's locations, first by second, as
+    // ResizeResults sized it. A calculation writes into a record only when it does.
+    bool StoreMatches(int stage) const;
     // The whole store, by stage, as a results file keeps it.
     const std::vector<StageResults>& AllResults() const { return m_results; }
     void SetAllResults(std::vector<StageResults> results) { m_results = std::move(results); }
@@ -71,6 +75,17 @@ class CDisplacementData : public NamedEntity {
     // Locations along the record and across it.
     virtual int NumFirstPositions() const = 0;
     virtual int NumSecondPositions() const { return 1; }
+    // Locations of a run of equal intervals: intervals + 1. None for a negative count, and
+    // none when the count cannot be held in an int.
+    static int PositionsOf(int intervals) {
+        return intervals >= 0 && intervals < INT_MAX ? intervals + 1 : 0;
+    }
+    // Locations along times locations across; none when the product cannot be held in an
+    // int, for then the record's locations cannot be numbered.
+    int NumLocationsInAll() const {
+        const long long n = static_cast<long long>(NumFirstPositions()) * NumSecondPositions();
+        return n >= 0 && n <= INT_MAX ? static_cast<int>(n) : 0;
+    }
     bool SameData(const CDisplacementData& o) const {
         return Name() == o.Name() && m_surfaceType == o.m_surfaceType &&
                m_calculate == o.m_calculate && m_results == o.m_results;

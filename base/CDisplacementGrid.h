@@ -28,9 +28,7 @@ class CDisplacementGrid : public CDisplacementData {
     EExtrusionDirection GetExtrusionDirection() const { return m_direction; }
     void SetExtrusionDirection(EExtrusionDirection d) { m_direction = d; }
 
-    int NumDisplacementLocations(bool) const override {
-        return NumFirstPositions() * NumSecondPositions();
-    }
+    int NumDisplacementLocations(bool) const override { return NumLocationsInAll(); }
     static int GetVersion() { return 1; }
     void Write(FileIO::CDataFile& file) const override;
     void Read(FileIO::CDataFile& file, int generation) override;
@@ -42,12 +40,8 @@ class CDisplacementGrid : public CDisplacementData {
     }
 
   protected:
-    int NumFirstPositions() const override {
-        return m_intervalsLine >= 0 ? m_intervalsLine + 1 : 0;
-    }
-    int NumSecondPositions() const override {
-        return m_intervalsExtrusion >= 0 ? m_intervalsExtrusion + 1 : 0;
-    }
+    int NumFirstPositions() const override { return PositionsOf(m_intervalsLine); }
+    int NumSecondPositions() const override { return PositionsOf(m_intervalsExtrusion); }
 
   private:
     Vec3<double> m_p1;

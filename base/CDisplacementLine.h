@@ -40,7 +40,7 @@ class CDisplacementLine : public CDisplacementData {
     }
 
   protected:
-    int NumFirstPositions() const override { return m_intervals >= 0 ? m_intervals + 1 : 0; }
+    int NumFirstPositions() const override { return PositionsOf(m_intervals); }
 
   private:
     Vec3<double> m_p1;

@@ -26,7 +26,7 @@ class CDisplacementPolyline : public CDisplacementData {
     }
 
   protected:
-    int NumFirstPositions() const override { return m_intervals >= 0 ? m_intervals + 1 : 0; }
+    int NumFirstPositions() const override { return PositionsOf(m_intervals); }
 
   private:
     int m_polyline = 1;

@@ -4,11 +4,6 @@
 
 namespace Tevra::Data {
 
-namespace {
-// Relative slack on the total length, so that k * (length / k) lands on the end.
-constexpr double kEndSlack = 1e-9;
-} // namespace
-
 double CPolylinePlus::SegmentLength(int i) const { return (Point(i + 1) - Point(i)).Length(); }
 
 double CPolylinePlus::SegmentLength2D(int i) const {
@@ -40,17 +35,21 @@ int CPolylinePlus::PointAt(double distance, Vec3<double>& p) const {
         const double len = SegmentLength2D(i);
         const bool last = i + 2 == n;
         if (distance <= start + len || last) {
-            double t = len > 0.0 ? (distance - start) / len : 0.0;
-            if (t > 1.0)
-                t = 1.0;
-            const Vec3<double>& a = Point(i);
-            const Vec3<double>& b = Point(i + 1);
-            p = a + (b - a) * t;
+            p = PointOnSegment(i, distance, start, len);
             return i;
         }
         start += len;
     }
     return -1;
+}
+
+Vec3<double> CPolylinePlus::PointOnSegment(int i, double distance, double start, double len) const {
+    double t = len > 0.0 ? (distance - start) / len : 0.0;
+    if (t > 1.0)
+        t = 1.0;
+    const Vec3<double>& a = Point(i);
+    const Vec3<double>& b = Point(i + 1);
+    return a + (b - a) * t;
 }
 
 } // namespace Tevra::Data

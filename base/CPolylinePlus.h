@@ -21,7 +21,18 @@ class CPolylinePlus : public CPolyline {
     // Fills the point at a plan distance and answers the 0-based first vertex of the
     // segment holding it, or -1 when the distance lies beyond the polyline. A distance
     // past the end by no more than a rounding error (1e-9 of the length) is the end.
+    // To sample a polyline from end to end, CPolylineCursor gives the same points
+    // without walking from the first vertex for each.
     int PointAt(double distance, Vec3<double>& p) const;
+
+    // Relative slack on the plan length within which a distance past the end is the
+    // end, so that k (length / k) lands on it.
+    static constexpr double kEndSlack = 1e-9;
+
+    // The point at a plan distance on segment i (0-based), which begins at plan
+    // distance start and is len long in plan (metres): the level follows the plan
+    // fraction, held at the segment's end; a segment of no plan length gives its start.
+    Vec3<double> PointOnSegment(int i, double distance, double start, double len) const;
 };
 
 } // namespace Tevra::Data

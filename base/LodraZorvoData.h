@@ -7,6 +7,7 @@
 #include "CDisplacementPolyline.h"
 #include "CHistory.h"
 #include "CNumberedList.h"
+#include "CPolylineCursor.h"
 #include "CPolylinePlus.h"
 #include "CTitles.h"
 
@@ -64,8 +65,16 @@ class LodraZorvoData : public BaseEntity {
     const CDisplacementData& GetDisplacementData(int n) const;
     // The family of a record of NumDisplacementData and its number within the family.
     void GetDisplacementTypeIndex(int n, EPointType& type, int& index) const;
-    // Location l (1-based) of record index of a family; false outside its locations.
+    // Location l (1-based) of record index of a family; false outside its locations. A
+    // polyline's is found by walking its vertices from the first: to go through all the
+    // locations of a record, VisitDisplacementLocations walks them once.
     bool GetDisplacementLocation(EPointType type, int index, int l, Vec3<double>& p, bool) const;
+    // Visits the locations of record n of NumDisplacementData in order, l from 1, each
+    // the point that GetDisplacementLocation gives, without holding them all: a polyline
+    // is walked once along its vertices. visit(l, point) answers true to end the visit;
+    // the answer is whether it was ended. A record none of whose locations can be
+    // placed is not walked at all.
+    template <class Visit> bool VisitDisplacementLocations(int n, Visit visit) const;
     // Numbers of the records of a surface type (calculated ones only with calcOnly).
     void GetPointsOfSurfaceType(bool calcOnly, ESurfaceType t, std::set<int>& out) const;
     void GetLinesOfSurfaceType(bool calcOnly, ESurfaceType t, std::set<int>& out) const;
@@ -117,5 +126,46 @@ class LodraZorvoData : public BaseEntity {
     CTitles m_titles;
     CHistory m_history;
 };
+
+template <class Visit> bool LodraZorvoData::VisitDisplacementLocations(int n, Visit visit) const {
+    EPointType type;
+    int index;
+    GetDisplacementTypeIndex(n, type, index);
+    if (type == ePointTypeNone)
+        return false;
+    const int count = GetDisplacementData(n).NumDisplacementLocations(true);
+    Vec3<double> p;
+    switch (type) {
+    case ePolyline: {
+        const CDisplacementPolyline& r = GetDisplacementPolyline(index);
+        const int J = r.GetIntervalsAlongLine();
+        if (!PolylineExists(r.GetPolyline()) || J < 1 ||
+            GetPolyline(r.GetPolyline()).NumPoint() < 2)
+            return false;
+        const CPolylinePlus& polyline = GetPolyline(r.GetPolyline());
+        const double spacing = polyline.Len(true) / J;
+        CPolylineCursor cursor(polyline);
+        for (int k = 0; k < count; ++k)
+            if (cursor.PointAt(k * spacing, p) >= 0 && visit(k + 1, p))
+                return true;
+        return false;
+    }
+    case eLine:
+        if (GetDisplacementLine(index).GetIntervalsAlongLine() < 1)
+            return false;
+        break;
+    case eGrid:
+        if (GetDisplacementGrid(index).GetIntervalsAlongLine() < 1 ||
+            GetDisplacementGrid(index).GetIntervalsAlongExtrusion() < 1)
+            return false;
+        break;
+    default:
+        break;
+    }
+    for (int k = 0; k < count; ++k)
+        if (GetDisplacementLocation(type, index, k + 1, p, true) && visit(k + 1, p))
+            return true;
+    return false;
+}
 
 } // namespace Tevra::Data

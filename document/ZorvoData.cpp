@@ -268,10 +268,12 @@ ZorvoData::SLevels ZorvoData::GetLevelsForTunnelCalcs(int tunnel, int index,
 }
 
 bool ZorvoData::WarningMairZOverZ0(int stage, int tunnel, const Vec3<double>& point) const {
-    const GeoTunnel& t = GetTunnel(tunnel);
+    return MairZOverZ0OutOfRange(GetTunnel(tunnel), GetTunnelDiameterInStage(tunnel, stage), point);
+}
+
+bool ZorvoData::MairZOverZ0OutOfRange(const GeoTunnel& t, double D, const Vec3<double>& point) {
     const Vec2<double> local = LocalXYReTunnelFromGlobalXY({point.x, point.y}, t);
-    const SLevels levels = GetLevelsForTunnelCalcs(tunnel, stage, local, point.z);
-    const double D = GetTunnelDiameterInStage(tunnel, stage);
+    const SLevels levels = LevelsForTunnel(t, t.GetPlanLength(), D, local, point.z);
     if (t.GetSubSurfaceMethod() != GeoTunnel::eMair)
         return false;
     // A level less a height, over the ground's height above the axis: the test as it

@@ -12,6 +12,8 @@
 #include "sources/GeoTunnel.h"
 #include "validation/CCheckPass.h"
 
+#include <functional>
+#include <set>
 #include <vector>
 
 namespace Tevra::Data {
@@ -136,6 +138,18 @@ class ZorvoData : public LodraZorvoData {
     // Whether a point lies outside the range of the Mair et al. sub-surface method for
     // tunnel t in a stage: a z/zo ratio above 0.8, or below the tunnel's crown.
     bool WarningMairZOverZ0(int stage, int tunnel, const Vec3<double>& point) const;
+    // The same with the tunnel's diameter in the stage already known (metres): the stage
+    // counts through the diameter alone.
+    static bool MairZOverZ0OutOfRange(const GeoTunnel& tunnel, double diameter,
+                                      const Vec3<double>& point);
+    // The first example of the tunnel warnings' z/zo search: for each tunnel of the set
+    // in ascending order, each calculation stage that holds it, each displacement record
+    // and each of its locations, in that order, the first record with a location for
+    // which WarningMairZOverZ0 holds. Answers whether there is one, with its tunnel and
+    // record. stop is asked every few thousand steps; when it answers true the search
+    // ends with stopped set and nothing found.
+    bool FindMairZOverZ0Example(const std::set<int>& tunnels, const std::function<bool()>& stop,
+                                int& tunnel, int& data, bool& stopped) const;
     // Numbers of the tunnels with a sub-surface method in a soil.
     void GetTunnelsOfSubSurfaceMethodAndSoil(GeoTunnel::ESubSurfaceMethod method,
                                              GeoTunnel::ESoilType soil, std::set<int>& out) const;

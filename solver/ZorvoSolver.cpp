@@ -1,5 +1,6 @@
 #include "ZorvoSolver.h"
 
+#include "base/CPolylineCursor.h"
 #include "solver/ZorvoCal.h"
 
 #include <cmath>
@@ -15,6 +16,9 @@ namespace {
 // single precision, held as a double. Exactly this value.
 constexpr double kResultThreshold = 1.00000001335e-10;
 constexpr double kMmToM = 0.001;
+// Samples of a grid row between two cancellation tests, so that a row of millions of
+// samples can be stopped too.
+constexpr int kRowCancelStride = 4096;
 
 } // namespace
 
@@ -162,7 +166,12 @@ void ZorvoSolver::CalcGroundMovements_DisplacementLines(int stage) {
         CDisplacementLine& line = doc.AccessDisplacementLine(i);
         if (!line.GetCalculate())
             return false;
-        for (int k = 0; k <= line.GetIntervalsAlongLine(); ++k) {
+        // Locations 0 to J, as many as the store sized for them before the run; a line
+        // whose store does not hold its locations is left alone, never written past.
+        if (!line.StoreMatches(stage))
+            return true;
+        const int positions = line.NumResults(stage);
+        for (int k = 0; k < positions; ++k) {
             if (LoopCancelled())
                 continue;
             GeoDispResult result;
@@ -187,14 +196,19 @@ void ZorvoSolver::CalcGroundMovements_DisplacementPolylines(int stage) {
         // leaves the record's samples fresh.
         if (!doc.PolylineExists(record.GetPolyline()))
             return true;
+        if (!record.StoreMatches(stage))
+            return true;
         const CPolylinePlus& polyline = doc.GetPolyline(record.GetPolyline());
         const int J = record.GetIntervalsAlongLine();
         const double spacing = polyline.Len(true) / J;
-        for (int k = 0; k <= J; ++k) {
+        const int positions = record.NumResults(stage); // J + 1
+        // One walk along the vertices for all the samples, which come at rising distances.
+        CPolylineCursor cursor(polyline);
+        for (int k = 0; k < positions; ++k) {
             if (LoopCancelled())
                 continue;
             Vec3<double> p;
-            if (polyline.PointAt(k * spacing, p) < 0)
+            if (cursor.PointAt(k * spacing, p) < 0)
                 continue; // a polyline of fewer than two points has no locations
             GeoDispResult result;
             result.SetPoint(p);
@@ -222,10 +236,18 @@ void ZorvoSolver::CalcGroundMovements_DisplacementGrids(int stage) {
         const int A = grid.GetIntervalsAlongLine();
         const int B = grid.GetIntervalsAlongExtrusion();
         const EExtrusionDirection direction = grid.GetExtrusionDirection();
-        for (int a = 0; a <= A; ++a) {
+        if (!grid.StoreMatches(stage))
+            return true;
+        // A + 1 rows of B + 1 samples; a store with rows holds a representable grid, so
+        // B + 1 cannot overflow there.
+        const int rows = grid.NumResults(stage);
+        const int columns = rows > 0 ? B + 1 : 0;
+        for (int a = 0; a < rows; ++a) {
             if (LoopCancelled())
                 continue;
-            for (int b = 0; b <= B; ++b) {
+            for (int b = 0; b < columns; ++b) {
+                if (b != 0 && b % kRowCancelStride == 0 && LoopCancelled())
+                    break;
                 const double across = b * E / B;
                 Vec3<double> p;
                 if (direction == eExtrudeX)

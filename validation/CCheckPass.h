@@ -9,6 +9,11 @@
 
 namespace Tevra {
 
+// Steps of a long walk in a check pass (locations, list entries, records) between two
+// tests of the event: often enough to stop within moments, seldom enough to cost
+// nothing.
+constexpr int kStepsPerEventTest = 4096;
+
 // What a check pass is given besides its message list: an optional progress dialog,
 // an optional window and message number for progress, and an optional event that stops
 // the pass when signalled.

@@ -77,7 +77,7 @@ bool LodraZorvoData::GetDisplacementLocation(EPointType type, int index, int l, 
             return false;
         const CDisplacementPolyline& r = GetDisplacementPolyline(index);
         const int J = r.GetIntervalsAlongLine();
-        if (!PolylineExists(r.GetPolyline()) || J < 1 || l < 1 || l > J + 1)
+        if (!PolylineExists(r.GetPolyline()) || J < 1 || l < 1 || l - 1 > J)
             return false;
         const CPolylinePlus& poly = GetPolyline(r.GetPolyline());
         return poly.PointAt((l - 1) * (poly.Len(true) / J), p) >= 0;
@@ -87,7 +87,8 @@ bool LodraZorvoData::GetDisplacementLocation(EPointType type, int index, int l, 
             return false;
         const CDisplacementGrid& g = GetDisplacementGrid(index);
         const int A = g.GetIntervalsAlongLine(), B = g.GetIntervalsAlongExtrusion();
-        if (A < 1 || B < 1 || l < 1 || l > (A + 1) * (B + 1))
+        // A grid whose locations cannot be numbered in an int has none.
+        if (A < 1 || B < 1 || l < 1 || l > g.NumDisplacementLocations(true))
             return false;
         const int a = (l - 1) / (B + 1), b = (l - 1) % (B + 1);
         const Vec3<double> P1 = g.GetPoint1(), P2 = g.GetPoint2();

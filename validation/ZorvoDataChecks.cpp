@@ -4,6 +4,10 @@
 #include "base/CResourceStrings.h"
 
 #include <algorithm>
+#include <cmath>
+#include <cstdint>
+#include <cstring>
+#include <unordered_set>
 
 namespace Tevra::Data {
 
@@ -21,7 +25,130 @@ constexpr int kMaxSameNamePairs = 25;
 
 CString Message(int id) { return CResourceStrings::Load(id); }
 
+// Coordinates (metres) far beyond any site, yet small enough that no sum or difference
+// of a few of them, nor its product with a direction cosine, overflows.
+constexpr double kOrdinaryCoordinate = 1e150;
+
+bool Ordinary(double v) { return std::fabs(v) <= kOrdinaryCoordinate; } // false for NaN
+bool Ordinary(const Vec3<double>& p) { return Ordinary(p.x) && Ordinary(p.y) && Ordinary(p.z); }
+
+std::uint64_t Bits(double v) {
+    std::uint64_t bits;
+    std::memcpy(&bits, &v, sizeof bits);
+    return bits;
+}
+
+// Whether the z/zo test of a tunnel depends on a point's level alone. On a level tunnel
+// with level ground the axis and ground levels are the same before, along and beyond
+// the tunnel, as long as the point's distance along it is a number, which a plan length
+// above 0 and ordinary coordinates ensure. Ground at the axis level is left out: the
+// test then divides by a zero whose sign may differ along the tunnel.
+bool LevelAloneDecides(const GeoTunnel& t) {
+    const double Z = t.GetZCentreLine1(), G = t.GetGroundLevel1();
+    return t.GetZCentreLine2() == Z && t.GetGroundLevel2() == G && std::isfinite(Z) &&
+           std::isfinite(G) && G != Z && Ordinary(t.GetXCentreLine1()) &&
+           Ordinary(t.GetYCentreLine1()) && Ordinary(t.GetXCentreLine2()) &&
+           Ordinary(t.GetYCentreLine2()) && t.GetPlanLength() > 0.0;
+}
+
+// A search that asks whether to stop once in kStepsPerEventTest steps.
+struct SSearch {
+    const std::function<bool()>& stop;
+    long long steps = 0;
+    bool stopped = false;
+    bool Stop() {
+        if (++steps % kStepsPerEventTest == 0 && stop && stop())
+            stopped = true;
+        return stopped;
+    }
+};
+
+// Whether any location of displacement record d is out of the Mair et al. range of
+// tunnel t of diameter D (metres).
+//
+// At one plan position the test is the same at every level below some level, or above
+// it, or both, and at none between: the crown test holds below a level, and the z/zo
+// ratio falls (or, with the ground below the axis, rises) steadily as the point rises,
+// rounding included. So of a run of locations at one plan position whose levels rise or
+// fall steadily, only the two ends need testing. That is each row of a grid swept
+// upwards, and, where the level alone decides, a whole line or grid, whose lowest and
+// highest locations are its first and last (a grid's level changes along its base line
+// or across it, not both). The answer is the one of testing every location; only the
+// time differs. Other records are walked location by location.
+bool AnyOutOfMairRange(const ZorvoData& doc, const GeoTunnel& t, double D, int d, SSearch& search) {
+    EPointType type;
+    int index;
+    doc.GetDisplacementTypeIndex(d, type, index);
+    auto outAt = [&](long long l) {
+        Vec3<double> p;
+        return doc.GetDisplacementLocation(type, index, static_cast<int>(l), p, true) &&
+               ZorvoData::MairZOverZ0OutOfRange(t, D, p);
+    };
+    if (type == eLine) {
+        const CDisplacementLine& line = doc.GetDisplacementLine(index);
+        const int count = line.NumDisplacementLocations(true);
+        if (line.GetIntervalsAlongLine() >= 1 && count > 0 && LevelAloneDecides(t) &&
+            Ordinary(line.GetPoint1()) && Ordinary(line.GetPoint2()))
+            return outAt(1) || outAt(count);
+    } else if (type == eGrid) {
+        const CDisplacementGrid& g = doc.GetDisplacementGrid(index);
+        const int A = g.GetIntervalsAlongLine(), B = g.GetIntervalsAlongExtrusion();
+        const long long count = g.NumDisplacementLocations(true), row = B + 1LL;
+        const bool swept = g.GetExtrusionDirection() != eExtrudeX &&
+                           g.GetExtrusionDirection() != eExtrudeY; // upwards
+        if (A >= 1 && B >= 1 && count > 0 && Ordinary(g.GetPoint1()) && Ordinary(g.GetPoint2()) &&
+            Ordinary(g.GetExtrusionDistance())) {
+            if (LevelAloneDecides(t))
+                return outAt(1) || outAt(count);
+            if (swept) {
+                for (long long first = 1; first <= count; first += row) {
+                    if (search.Stop())
+                        return false;
+                    if (outAt(first) || outAt(first + B))
+                        return true;
+                }
+                return false;
+            }
+        }
+    }
+    return doc.VisitDisplacementLocations(d, [&](int, const Vec3<double>& p) {
+        return search.Stop() || ZorvoData::MairZOverZ0OutOfRange(t, D, p);
+    }) && !search.stopped;
+}
+
 } // namespace
+
+bool ZorvoData::FindMairZOverZ0Example(const std::set<int>& tunnels,
+                                       const std::function<bool()>& stop, int& tunnel, int& data,
+                                       bool& stopped) const {
+    SSearch search{stop};
+    stopped = false;
+    const int S = NumStages(true, false);
+    for (int t : tunnels) {
+        // The test sees the stage through the tunnel's diameter alone: a diameter already
+        // searched in vain is not searched again.
+        std::unordered_set<std::uint64_t> searched;
+        for (int s = 0; s < S; ++s) {
+            if (!IsTunnelInStage(t, s))
+                continue;
+            const double D = GetTunnelDiameterInStage(t, s);
+            if (!searched.insert(Bits(D)).second)
+                continue;
+            for (int d = 1; d <= NumDisplacementData(); ++d) {
+                if (!search.Stop() && AnyOutOfMairRange(*this, GetTunnel(t), D, d, search)) {
+                    tunnel = t;
+                    data = d;
+                    return true;
+                }
+                if (search.stopped) {
+                    stopped = true;
+                    return false;
+                }
+            }
+        }
+    }
+    return false;
+}
 
 bool ZorvoData::GeneralErrors(std::vector<CString>& messages, bool& cancelled,
                               const SCheckArgs& args) const {
@@ -76,9 +203,12 @@ bool ZorvoData::TunnelWarnings(std::vector<CString>& messages, bool& cancelled,
         return pass.Cancelled();
     GetTunnelsOfSubSurfaceMethodAndSoil(GeoTunnel::eNewAndBowers, GeoTunnel::eGranular, NG);
 
-    for (int t = 1; t <= NumTunnels(); ++t)
+    for (int t = 1; t <= NumTunnels(); ++t) {
+        if (t % kStepsPerEventTest == 0 && pass.Stopped())
+            return pass.Cancelled();
         if (GetTunnel(t).GetPercentLoss() < 0.0)
             pass.Add(CString::Formatted(Message(396).GetString(), t));
+    }
 
     // Pairs of tunnels with the same name, compared exactly.
     int pairs = 0;
@@ -126,34 +256,18 @@ bool ZorvoData::TunnelWarnings(std::vector<CString>& messages, bool& cancelled,
     }
 
     // The z/zo range of Mair et al.: the first example found is reported, once.
-    const int S = NumStages(true, false);
-    bool found = false;
-    for (auto t = U.begin(); t != U.end() && !found; ++t) {
-        for (int s = 0; s < S && !found; ++s) {
-            if (!IsTunnelInStage(*t, s))
-                continue;
-            for (int d = 1; d <= NumDisplacementData() && !found; ++d) {
-                EPointType type;
-                int index;
-                GetDisplacementTypeIndex(d, type, index);
-                const int locations = GetDisplacementData(d).NumDisplacementLocations(true);
-                for (int l = 1; l <= locations && !found; ++l) {
-                    Vec3<double> p;
-                    if (GetDisplacementLocation(type, index, l, p, true) &&
-                        WarningMairZOverZ0(s, *t, p)) {
-                        pass.Add(CString::Formatted(
-                            L"The appropriateness of results should be checked where the 'Mair "
-                            L"et al' sub-surface displacement method has been used and "
-                            L"displacement data are below the crown of the tunnel or give z/zo "
-                            L"ratios that are greater than 0.8.  An example is Tunnel %i and "
-                            L"Displacement Data %i.  There may be others.",
-                            *t, d));
-                        found = true;
-                    }
-                }
-            }
-        }
-    }
+    int tunnel = 0, data = 0;
+    bool stopped = false;
+    if (FindMairZOverZ0Example(
+            U, [&pass] { return pass.Stopped(); }, tunnel, data, stopped))
+        pass.Add(CString::Formatted(
+            L"The appropriateness of results should be checked where the 'Mair et al' "
+            L"sub-surface displacement method has been used and displacement data are below "
+            L"the crown of the tunnel or give z/zo ratios that are greater than 0.8.  An "
+            L"example is Tunnel %i and Displacement Data %i.  There may be others.",
+            tunnel, data));
+    if (stopped)
+        return pass.Cancelled();
     return pass.Finish();
 }
 
@@ -173,12 +287,15 @@ bool ZorvoData::StageErrors(std::vector<CString>& messages, bool& cancelled,
         {3589, 0, &CStage::GetPolygonalExcavations},
         {3590, 0, &CStage::GetCircularExcavations},
     };
+    long long entries = 0;
     for (int i = 1; i <= count; ++i) {
         if (pass.Stopped())
             return pass.Cancelled();
         const CStage& stage = m_stages.Get(i > n ? i - n : i);
         for (const auto& family : families) {
             for (const auto& range : (stage.*family.list)().Ranges()) {
+                if (++entries % kStepsPerEventTest == 0 && pass.Stopped())
+                    return pass.Cancelled();
                 // -3 and -2 are special entries that stand for no record. Of a range, the
                 // first number that names no record is reported.
                 const int first = range.first, last = range.second;

@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <climits>
+
 using Tevra::CBasicList;
 using Tevra::CString;
 
@@ -42,4 +44,20 @@ TEST(CBasicList, RejectsMalformedTextAndKeepsTheOldList) {
     EXPECT_FALSE(list.SetString(L"1 to 11", 10));
     EXPECT_TRUE(list.SetString(L"1 to 11", 0)); // 0: no limit
     EXPECT_TRUE(list.IsIncluded(11, 0));
+}
+
+TEST(CBasicList, LooksUpUnsortedOverlappingRanges) {
+    CBasicList list;
+    ASSERT_TRUE(list.SetString(L"9, 2 to 4 3 to 6 -3 -2 8 2147483646 to 2147483647"));
+    EXPECT_EQ(list.String(), CString(L"9, 2 to 4 3 to 6 -3 -2 8 2147483646 to 2147483647"));
+    for (int n : {INT_MIN, -4, -1, 1, 7, 10, INT_MAX - 2})
+        EXPECT_FALSE(list.IsIncluded(n, 0)) << n;
+    for (int n : {-3, -2, 2, 5, 6, 8, 9, INT_MAX - 1, INT_MAX})
+        EXPECT_TRUE(list.IsIncluded(n, 0)) << n;
+    EXPECT_EQ(list.MaxItem(0), INT_MAX);
+
+    // Repeats are dropped and the text written out again from what is kept.
+    ASSERT_TRUE(list.SetString(L"7 7,7  1 to 2 7 1 to 2 1 to 3"));
+    EXPECT_EQ(list.String(), CString(L"7 1 to 2 1 to 3"));
+    EXPECT_EQ(list.Ranges().size(), 3u);
 }

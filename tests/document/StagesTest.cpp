@@ -225,3 +225,27 @@ TEST(Stages, StagePropertyOverridesAValueInItsStageOnly) {
     EXPECT_EQ(doc.GetStageDependentProperty(2, eElementPolygonalExcavation, 1, 0, 5), -6.0);
     EXPECT_EQ(doc.GetStageDependentProperty(2, eElementCircularExcavation, 2, 0, 4), 3.0);
 }
+
+// Guards the run that never ended on a stage listing one tunnel 500,000 times: a
+// repeated entry is kept once, and the stage means what it meant.
+TEST(Stages, RepeatedEntriesOfAStageListAreKeptOnce) {
+    ZorvoData doc;
+    doc.SetTunnel(1, GeoTunnel());
+    doc.SetStage(1, Stage(L"Drive", true, L"3 1 3 3 2 to 3 1 -2 -2 2 to 3"));
+    const CBasicList& tunnels = doc.GetStage(1, false).GetTunnels();
+    // The entries in the order they first stand; the text, as saved, is theirs.
+    EXPECT_EQ(tunnels.Ranges(),
+              (std::vector<std::pair<int, int>>{{3, 3}, {1, 1}, {2, 3}, {-2, -2}}));
+    EXPECT_EQ(Str(tunnels.String()), L"3 1 2 to 3 -2");
+    // The text as typed holds -2, 1, 2 and 3.
+    for (int t = -3; t <= 5; ++t)
+        EXPECT_EQ(doc.IsTunnelInStage(t, 1), t == -2 || (t >= 1 && t <= 3)) << t;
+
+    // Tunnels 2 and 3 do not exist: the entry 3 is reported once, and the range 2 to 3 by
+    // its first missing tunnel; -2 is a special entry and passes.
+    std::vector<CString> m;
+    bool cancelled = false;
+    EXPECT_TRUE(doc.StageErrors(m, cancelled));
+    EXPECT_EQ(m, (std::vector<CString>{L"Stage: Drive refers to Tunnel  3 which does not exist.",
+                                       L"Stage: Drive refers to Tunnel  2 which does not exist."}));
+}

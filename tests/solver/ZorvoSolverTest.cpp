@@ -6,6 +6,7 @@
 #include <omp.h>
 
 #include <atomic>
+#include <climits>
 #include <cmath>
 #include <cstring>
 #include <string>
@@ -425,6 +426,32 @@ TEST(ZorvoSolver, SameResultsWithAnyNumberOfThreads) {
         EXPECT_EQ(std::memcmp(v.data(), reference.data(), v.size() * sizeof(double)), 0)
             << threads << " threads";
     }
+}
+
+// Guards the crash where INT_MAX intervals overflowed the location count, the store was
+// sized to nothing and the loops wrote past it.
+TEST(ZorvoSolver, RecordsWhoseLocationsCannotBeCountedGetNoSamples) {
+    ZorvoData doc;
+    doc.SetTunnel(1, LongTunnel());
+    CDisplacementLine line = Line({0.0, 0.0, 20.0}, {10.0, 0.0, 20.0}, INT_MAX);
+    doc.SetDisplacementLine(1, line);
+    CPolylinePlus polyline;
+    polyline.SetPoint(0, {0.0, 0.0, 20.0});
+    polyline.SetPoint(1, {10.0, 0.0, 20.0});
+    doc.SetPolyline(1, polyline);
+    CDisplacementPolyline dp;
+    dp.SetIntervalsAlongLine(INT_MAX);
+    doc.SetDisplacementPolyline(1, dp);
+    CDisplacementGrid grid;
+    grid.SetIntervalsAlongLine(2000000000);
+    grid.SetIntervalsAlongExtrusion(2000000000);
+    doc.SetDisplacementGrid(1, grid);
+    doc.SetDisplacementPoint(1, PointAt(0.0, 0.0, 20.0)); // the run goes on around them
+    Solve(doc);
+    EXPECT_EQ(doc.GetDisplacementLine(1).NumResults(0), 0);
+    EXPECT_EQ(doc.GetDisplacementPolyline(1).NumResults(0), 0);
+    EXPECT_EQ(doc.GetDisplacementGrid(1).NumResults(0), 0);
+    EXPECT_GT(doc.GetDisplacementPoint(1).GetResultFromPosition(0, 0, 0).GetZdisplacement(), 0.0);
 }
 
 TEST(ZorvoSolver, DegenerateDocumentsRunThrough) {

@@ -2,6 +2,10 @@
 
 #include <gtest/gtest.h>
 
+#include <cmath>
+#include <random>
+#include <set>
+
 using namespace Tevra;
 using namespace Tevra::Data;
 
@@ -195,6 +199,175 @@ TEST(TunnelWarnings, MairZOverZ0IsReportedOnceForTheFirstExample) {
                             L"displacement data are below the crown of the tunnel or give z/zo "
                             L"ratios that are greater than 0.8.  An example is Tunnel 1 and "
                             L"Displacement Data 1.  There may be others."));
+}
+
+namespace {
+
+// The z/zo search as the warning states it: every tunnel, stage, record and location.
+bool EveryLocation(const ZorvoData& doc, const std::set<int>& tunnels, int& tunnel, int& data) {
+    for (int t : tunnels)
+        for (int s = 0; s < doc.NumStages(true, false); ++s) {
+            if (!doc.IsTunnelInStage(t, s))
+                continue;
+            for (int d = 1; d <= doc.NumDisplacementData(); ++d) {
+                EPointType type;
+                int index;
+                doc.GetDisplacementTypeIndex(d, type, index);
+                const int n = doc.GetDisplacementData(d).NumDisplacementLocations(true);
+                for (int l = 1; l <= n; ++l) {
+                    Vec3<double> p;
+                    if (doc.GetDisplacementLocation(type, index, l, p, true) &&
+                        doc.WarningMairZOverZ0(s, t, p)) {
+                        tunnel = t;
+                        data = d;
+                        return true;
+                    }
+                }
+            }
+        }
+    return false;
+}
+
+} // namespace
+
+// The search tests only the ends of runs of locations where the answer cannot change
+// between them; it must name the tunnel and record that testing every location names.
+TEST(TunnelWarnings, MairZOverZ0SearchFindsWhatEveryLocationWould) {
+    std::mt19937 random(20240611);
+    auto uniform = [&](double a, double b) {
+        return std::uniform_real_distribution<double>(a, b)(random);
+    };
+    auto plan = [&] { return uniform(-80.0, 80.0); };
+    int found = 0;
+    for (int c = 0; c < 1000; ++c) {
+        // Tunnels whose test changes at level 165 where the axis is level: ground above
+        // the axis (80 under 100); ground below it (84.5 over 64.5), where the ratio rises
+        // with the point; ground at it (82.5); and a sloping axis.
+        ZorvoData doc;
+        for (int t = 1; t <= 2; ++t) {
+            const double angle = uniform(0.0, 6.3), c50 = 50.0 * std::cos(angle),
+                         s50 = 50.0 * std::sin(angle);
+            GeoTunnel tunnel = Tunnel(L"T", -c50, -s50, c50, s50);
+            tunnel.SetSubSurfaceMethod(GeoTunnel::eMair);
+            const int kind = static_cast<int>(random() % 4);
+            const double axis[] = {80.0, 84.5, 82.5, 80.0}, ground[] = {100.0, 64.5, 82.5, 100.0};
+            tunnel.SetZCentreLine1(axis[kind]);
+            tunnel.SetZCentreLine2(kind == 3 ? uniform(70.0, 90.0) : axis[kind]);
+            tunnel.SetGroundLevel1(ground[kind]);
+            tunnel.SetGroundLevel2(ground[kind]);
+            doc.SetTunnel(t, tunnel);
+        }
+        // Stage 2 enlarges tunnel 1 so that its crown may reach the record.
+        CBasicList list;
+        list.SetString(L"1 to 2");
+        CStage stage;
+        stage.SetTunnels(list);
+        doc.SetStage(1, stage);
+        CStageProperty larger;
+        larger.SetStage(1);
+        larger.SetRefs(list);
+        larger.SetValues({uniform(5.0, 200.0)});
+        doc.SetStageProperty(1, larger);
+
+        // A line, a grid swept any way, or a polyline, rising or falling about 165.
+        const double base = uniform(130.0, 200.0);
+        auto at = [&] { return Vec3<double>(plan(), plan(), base + uniform(-15.0, 15.0)); };
+        const int intervals = 1 + static_cast<int>(random() % 6), kind = c % 3;
+        if (kind == 0) {
+            CDisplacementLine l;
+            l.SetPoint1(at());
+            l.SetPoint2(at());
+            l.SetIntervalsAlongLine(intervals);
+            doc.SetDisplacementLine(1, l);
+        } else if (kind == 1) {
+            CDisplacementGrid g;
+            g.SetPoint1(at());
+            g.SetPoint2(at());
+            g.SetExtrusionDirection(static_cast<EExtrusionDirection>(c % 9 / 3));
+            g.SetExtrusionDistance(uniform(-30.0, 30.0));
+            g.SetIntervalsAlongLine(intervals);
+            g.SetIntervalsAlongExtrusion(1 + intervals % 4);
+            doc.SetDisplacementGrid(1, g);
+        } else {
+            CPolylinePlus polyline;
+            for (int v = 0; v < 4; ++v)
+                polyline.SetPoint(v, at());
+            doc.SetPolyline(1, polyline);
+            CDisplacementPolyline dp;
+            dp.SetIntervalsAlongLine(intervals);
+            doc.SetDisplacementPolyline(1, dp);
+        }
+
+        const std::set<int> tunnels = c % 4 == 0 ? std::set<int>{2} : std::set<int>{1, 2};
+        int expectedTunnel = 0, expectedData = 0, tunnel = 0, data = 0;
+        bool stopped = true;
+        const bool expected = EveryLocation(doc, tunnels, expectedTunnel, expectedData);
+        ASSERT_EQ(doc.FindMairZOverZ0Example(tunnels, {}, tunnel, data, stopped), expected) << c;
+        EXPECT_FALSE(stopped);
+        EXPECT_EQ(tunnel, expected ? expectedTunnel : 0) << c;
+        found += expected ? 1 : 0;
+    }
+    EXPECT_GT(found, 250); // both answers well represented
+    EXPECT_LT(found, 750);
+
+    // Ground at -0 over an axis at +0, on the level: beyond the tunnel's ends the ratio
+    // divides by -0 and is +infinity, alongside it by +0 and is -infinity. Of a level
+    // grid reaching past the tunnel's end at one corner, that corner alone is out of
+    // range: the first and last locations, alongside, must not speak for it.
+    ZorvoData doc;
+    GeoTunnel zero = Tunnel(L"T", -50.0, -50.0, 50.0, 50.0); // alongside it: |x + y| <= 100
+    zero.SetZCentreLine1(0.0);
+    zero.SetZCentreLine2(0.0);
+    zero.SetGroundLevel1(-0.0);
+    zero.SetGroundLevel2(-0.0);
+    zero.SetDiameter(1.0);
+    zero.SetSubSurfaceMethod(GeoTunnel::eMair);
+    doc.SetTunnel(1, zero);
+    // From (40, 40) to (0, 40) along X, swept 30 m along Y: only the corner (40, 70) lies
+    // beyond the tunnel's end.
+    CDisplacementGrid grid;
+    grid.SetPoint1({40.0, 40.0, 10.0});
+    grid.SetPoint2({0.0, 40.0, 10.0});
+    grid.SetExtrusionDirection(eExtrudeY);
+    grid.SetExtrusionDistance(30.0);
+    grid.SetIntervalsAlongLine(2);
+    grid.SetIntervalsAlongExtrusion(2);
+    doc.SetDisplacementGrid(1, grid);
+    EXPECT_TRUE(doc.WarningMairZOverZ0(0, 1, {40.0, 70.0, 10.0}));
+    EXPECT_FALSE(doc.WarningMairZOverZ0(0, 1, {40.0, 40.0, 10.0}));
+    EXPECT_FALSE(doc.WarningMairZOverZ0(0, 1, {0.0, 70.0, 10.0}));
+    int tunnel = 0, data = 0;
+    bool stopped = false;
+    EXPECT_TRUE(doc.FindMairZOverZ0Example({1}, {}, tunnel, data, stopped));
+}
+
+// Guards the check that ran for minutes and could not be stopped: a grid of 46,001 x
+// 46,001 locations, none out of range, under a sloping tunnel so that each location
+// must be tested. The search asks to stop every few thousand locations.
+TEST(TunnelWarnings, MairZOverZ0SearchStopsWhenAsked) {
+    ZorvoData doc;
+    GeoTunnel t = Tunnel(L"T", 0.0, -100.0, 0.0, 100.0);
+    t.SetZCentreLine1(0.0);
+    t.SetZCentreLine2(0.5);
+    t.SetGroundLevel1(25.0);
+    t.SetGroundLevel2(25.0);
+    t.SetSubSurfaceMethod(GeoTunnel::eMair);
+    doc.SetTunnel(1, t);
+    // At level 10 the ratio is at most (25 - 9.5) / 24.5 < 0.8, above a crown below 4.
+    CDisplacementGrid grid;
+    grid.SetPoint1({-50.0, -50.0, 10.0});
+    grid.SetPoint2({50.0, -50.0, 10.0});
+    grid.SetExtrusionDistance(100.0);
+    grid.SetIntervalsAlongLine(46000);
+    grid.SetIntervalsAlongExtrusion(46000);
+    doc.SetDisplacementGrid(1, grid);
+
+    int asked = 0, tunnel = 0, data = 0;
+    bool stopped = false;
+    EXPECT_FALSE(doc.FindMairZOverZ0Example(
+        {1}, [&asked] { return ++asked == 3; }, tunnel, data, stopped));
+    EXPECT_TRUE(stopped);
+    EXPECT_EQ(asked, 3);
 }
 
 TEST(StageErrors, ReferencesThatDoNotExist) {
