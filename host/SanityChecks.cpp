@@ -295,13 +295,6 @@ const char* FamilyWord(EPointType t) {
     }
 }
 
-std::string RecordLabel(const ZorvoData& doc, int d) {
-    EPointType type;
-    int index = 0;
-    doc.GetDisplacementTypeIndex(d, type, index);
-    return Label(FamilyWord(type), index, doc.GetDisplacementData(d).Name());
-}
-
 // A count: in full below a million, beyond as 4.0e18.
 std::string Scientific(double v) {
     char buf[32];
@@ -398,7 +391,7 @@ std::vector<SanityChecks::SFinding> SanityChecks::RunSize(const ZorvoData& doc, 
         total += samples;
         if (memoryBytes > 0.0 && bytes > limit) {
             refused = true;
-            out.push_back({true, RecordLabel(doc, d) + " has " + Scientific(samples) +
+            out.push_back({true, DisplacementLabel(doc, d) + " has " + Scientific(samples) +
                                      " samples in " + Stages(stages) + ": about " +
                                      SystemMemory::Describe(bytes) + " of results, " + memory +
                                      "; reduce its intervals"});
@@ -427,6 +420,13 @@ std::vector<SanityChecks::SFinding> SanityChecks::RunSize(const ZorvoData& doc, 
     return out;
 }
 
+std::string SanityChecks::DisplacementLabel(const ZorvoData& doc, int d) {
+    EPointType type;
+    int index = 0;
+    doc.GetDisplacementTypeIndex(d, type, index);
+    return Label(FamilyWord(type), index, doc.GetDisplacementData(d).Name());
+}
+
 bool SanityChecks::IsFinite(const GeoDispResult& r) {
     const Vec3<double>& p = r.GetPoint();
     return std::isfinite(p.x) && std::isfinite(p.y) && std::isfinite(p.z) &&
@@ -448,8 +448,8 @@ std::vector<SanityChecks::SFinding> SanityChecks::Results(const ZorvoData& doc) 
                 }
             }
             if (bad > 0)
-                out.push_back({true, RecordLabel(doc, d) + ", stage " + std::to_string(s) + " (" +
-                                         doc.GetStageName(s).ToUtf8() + "): " +
+                out.push_back({true, DisplacementLabel(doc, d) + ", stage " + std::to_string(s) +
+                                         " (" + doc.GetStageName(s).ToUtf8() + "): " +
                                          std::to_string(bad) + " of " + std::to_string(all) +
                                          " samples hold a value that is not a finite number; "
                                          "they mean nothing: check the inputs of that stage"});

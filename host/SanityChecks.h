@@ -32,6 +32,10 @@ class SanityChecks {
     // record and stage, each count an error.
     static std::vector<SFinding> Results(const Data::ZorvoData& doc);
 
+    // How the host names displacement record d (1-based over all four families) in its
+    // messages: "Grid 2 "Site grid"".
+    static std::string DisplacementLabel(const Data::ZorvoData& doc, int d);
+
     // Whether every value of a sample is a finite number.
     static bool IsFinite(const Data::GeoDispResult& r);
 };

@@ -21,24 +21,19 @@ using FileIO::ZorvoModelFile;
 
 namespace {
 
-const char* FamilyWord(EPointType t) {
-    switch (t) {
-    case ePoint:
-        return "Point";
-    case eLine:
-        return "Line";
-    case ePolyline:
-        return "Polyline";
-    default:
-        return "Grid";
-    }
+// A number to 3 decimals, in full however large.
+std::string Fixed3(double v) {
+    const int n = std::snprintf(nullptr, 0, "%.3f", v);
+    std::string text(static_cast<size_t>(n) + 1, '\0');
+    std::snprintf(text.data(), text.size(), "%.3f", v);
+    text.pop_back();
+    return text;
 }
 
 // Per stage: the largest settlement and the largest horizontal movement, and where.
 // Samples holding a value that is not a finite number have been reported as errors;
 // they take no part here.
 void PrintSummary(const ZorvoData& doc, std::ostream& out) {
-    char buf[512];
     for (int s = 0; s < doc.NumStages(true, false); ++s) {
         // The first of equal peaks stays.
         struct Peak {
@@ -51,11 +46,7 @@ void PrintSummary(const ZorvoData& doc, std::ostream& out) {
             const CDisplacementData& record = doc.GetDisplacementData(d);
             if (!record.ResultsExist(s))
                 continue;
-            EPointType type;
-            int index;
-            doc.GetDisplacementTypeIndex(d, type, index);
-            std::snprintf(buf, sizeof buf, "%s %d \"%s\"", FamilyWord(type), index,
-                          record.Name().ToUtf8().c_str());
+            const std::string label = SanityChecks::DisplacementLabel(doc, d);
             for (const auto& row : record.GetResults(s)) {
                 for (const GeoDispResult& r : row) {
                     ++samples;
@@ -66,9 +57,9 @@ void PrintSummary(const ZorvoData& doc, std::ostream& out) {
                     const double h = std::hypot(r.GetXdisplacement(), r.GetYdisplacement());
                     if (!settlement.at ||
                         std::fabs(r.GetZdisplacement()) > std::fabs(settlement.value))
-                        settlement = {r.GetZdisplacement(), &r, buf};
+                        settlement = {r.GetZdisplacement(), &r, label};
                     if (!horizontal.at || h > horizontal.value)
-                        horizontal = {h, &r, buf};
+                        horizontal = {h, &r, label};
                 }
             }
         }
@@ -81,9 +72,9 @@ void PrintSummary(const ZorvoData& doc, std::ostream& out) {
             continue;
         auto report = [&](const char* what, const Peak& peak) {
             const Vec3<double>& p = peak.at->GetPoint();
-            std::snprintf(buf, sizeof buf, "  largest %s %.3f mm at (%.3f, %.3f, %.3f) on ", what,
-                          peak.value * 1000.0, p.x, p.y, p.z);
-            out << buf << peak.record << '\n';
+            out << "  largest " << what << ' ' << Fixed3(peak.value * 1000.0) << " mm at ("
+                << Fixed3(p.x) << ", " << Fixed3(p.y) << ", " << Fixed3(p.z) << ") on "
+                << peak.record << '\n';
         };
         report("settlement", settlement);
         report("horizontal movement", horizontal);
