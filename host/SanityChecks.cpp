@@ -398,23 +398,26 @@ std::vector<SanityChecks::SFinding> SanityChecks::RunSize(const ZorvoData& doc, 
         }
     }
     const double bytes = total * stages * kBytesPerSample;
-    if (!refused && memoryBytes > 0.0 && bytes > limit)
+    if (!refused && memoryBytes > 0.0 && bytes > limit) {
+        refused = true;
         out.push_back({true, "The displacement records have " + Scientific(total) + " samples in " +
                                  Stages(stages) + ": about " + SystemMemory::Describe(bytes) +
                                  " of results, " + memory +
                                  "; reduce their intervals or the stages"});
+    }
 
     const bool mines = doc.GetGeneral().GetProblemType() == eMine;
-    const double sources = mines ? doc.NumMines() * kMineCost : doc.NumTunnels();
-    const double seconds =
-        total * stages * sources / (kEvaluationsPerCoreSecond * std::max(cores, 1));
+    const int count = mines ? doc.NumMines() : doc.NumTunnels();
+    const double seconds = total * stages * count * (mines ? kMineCost : 1.0) /
+                           (kEvaluationsPerCoreSecond * std::max(cores, 1));
     if (!refused && seconds > kLongRun) {
         char hours[32];
-        std::snprintf(hours, sizeof hours, "%.0f", seconds / 3600.0);
-        out.push_back({false, "The run works out " + Scientific(total * stages) + " samples of " +
-                                  Scientific(mines ? doc.NumMines() : doc.NumTunnels()) +
-                                  (mines ? " mines" : " tunnels") + ": about " + hours +
-                                  " hours on " + std::to_string(cores) +
+        std::snprintf(hours, sizeof hours, "%.1f", seconds / 3600.0);
+        out.push_back({false, "The run works out " + Scientific(total * stages) +
+                                  " samples under " + std::to_string(count) +
+                                  (mines ? (count == 1 ? " mine" : " mines")
+                                         : (count == 1 ? " tunnel" : " tunnels")) +
+                                  ": about " + hours + " hours on " + std::to_string(cores) +
                                   " cores; Ctrl-C stops it"});
     }
     return out;

@@ -148,6 +148,17 @@ TEST(SanityChecks, ResultStoreAgainstMemory) {
     EXPECT_NE(refused.find("this machine has; reduce its intervals\n"), std::string::npos);
     // Unknown memory: no test.
     EXPECT_EQ(Lines(SanityChecks::RunSize(doc, 0.0, "", 2)), "");
+
+    // 2091 samples in 2000 stages under 1 tunnel (4.2e6 point movements) take a second;
+    // under 4000 tunnels about 4.2e6 x 4000 / (1e7 a second x 2 cores) = 836 s, and
+    // under 20000 tunnels 4182 s: worth a word before the run.
+    doc.InsertStage(1, 1997);
+    doc.InsertTunnel(1, 3999);
+    EXPECT_EQ(Lines(SanityChecks::RunSize(doc, 0.0, "", 2)), "");
+    doc.InsertTunnel(1, 16000);
+    EXPECT_EQ(Lines(SanityChecks::RunSize(doc, 0.0, "", 2)),
+              "W The run works out 4.2e6 samples under 20000 tunnels: about 1.2 hours on 2 "
+              "cores; Ctrl-C stops it\n");
 }
 
 TEST(SanityChecks, ResultsThatAreNotFiniteAreCountedByRecordAndStage) {
