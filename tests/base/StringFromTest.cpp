@@ -64,17 +64,22 @@ TEST(StringFrom, FixedDecimals) {
 }
 
 TEST(IntervalsLogScale, DefaultLOverHList) {
-    // 10^(-1 + 0.2 k), k = 0..10, each cut to two decimals: 10^-0.8 = 0.158.., 10^0.8 = 6.309..
+    // 0.1 * 10^(k/10), k = 0..20, each cut to two decimals: the R10 series over two
+    // decades, e.g. 10^0.1 = 1.2589.., 10^0.5 = 3.1622.., 10^0.7 = 5.0118..
     std::vector<double> list;
     IntervalsLogScale(0.1, 10.0, 10, 10.0, list);
-    const double expected[] = {0.1, 0.16, 0.25, 0.4, 0.63, 1.0, 1.58, 2.51, 3.98, 6.31, 10.0};
-    ASSERT_EQ(list.size(), 11u);
+    const double expected[] = {0.1,  0.13, 0.16, 0.2,  0.25, 0.32, 0.4,  0.5,  0.63, 0.79, 1.0,
+                               1.26, 1.58, 2.0,  2.51, 3.16, 3.98, 5.01, 6.31, 7.94, 10.0};
+    ASSERT_EQ(list.size(), 21u);
     EXPECT_EQ(list.front(), 0.1);
     EXPECT_EQ(list.back(), 10.0);
-    EXPECT_NEAR(list[1], 0.15848931924611134, 1e-15);
+    EXPECT_NEAR(list[1], 0.12589254117941673, 1e-15);
     for (size_t k = 0; k < list.size(); ++k)
         EXPECT_EQ(GeoGlobal::CutDownDecimalPlaces(list[k], 2), expected[k]) << k;
 
+    // An end off the scale closes the list after the last step below it: 1, 2, 4, then 5.
+    IntervalsLogScale(1.0, 5.0, 1, 2.0, list);
+    EXPECT_EQ(list, (std::vector<double>{1.0, 2.0, 4.0, 5.0}));
     IntervalsLogScale(0.0, 10.0, 10, 10.0, list); // no logarithm of 0
     EXPECT_TRUE(list.empty());
     IntervalsLogScale(0.1, 10.0, 0, 10.0, list);
