@@ -40,7 +40,8 @@ int CIntersect::NumPoly(const Data::CPolygon& a, const Data::CPolygon& b) const 
         }
     }
     // No edges meet: the rings are apart unless one encloses the other.
-    if (b.PointInside(a.Point(0), true) || a.PointInside(b.Point(0), true))
+    if (Data::CPolygon::EvenOddInside(b.Points(), a.Point(0)) ||
+        Data::CPolygon::EvenOddInside(a.Points(), b.Point(0)))
         return 1;
     return 2;
 }

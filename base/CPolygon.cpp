@@ -156,13 +156,17 @@ bool CPolygon::PointOnEdge(const Vec2<double>& p) const {
 bool CPolygon::PointInside(const Vec2<double>& p, bool includeEdge) const {
     if (PointOnEdge(p))
         return includeEdge;
-    // Even-odd rule: count the edges that a ray towards +x crosses. An edge counts when
-    // its ends lie on either side of the ray's line, one end at or above and one below.
+    return EvenOddInside(m_points, p);
+}
+
+bool CPolygon::EvenOddInside(const std::vector<Vec2<double>>& ring, const Vec2<double>& p) {
+    // Count the edges that a ray towards +x crosses. An edge counts when its ends lie on
+    // either side of the ray's line, one end above it and the other at or below.
     bool inside = false;
-    const size_t n = m_points.size();
+    const size_t n = ring.size();
     for (size_t i = 0, j = n - 1; i < n; j = i++) {
-        const Vec2<double>& a = m_points[i];
-        const Vec2<double>& b = m_points[j];
+        const Vec2<double>& a = ring[i];
+        const Vec2<double>& b = ring[j];
         if ((a.y > p.y) != (b.y > p.y)) {
             const double x = a.x + (p.y - a.y) * (b.x - a.x) / (b.y - a.y);
             if (p.x < x)

@@ -66,6 +66,8 @@ class CPolygon {
     // Inside is decided by the even-odd rule.
     bool PointInside(const Vec2<double>& p, bool includeEdge) const;
 
+    // True when p lies inside the ring of points by the even-odd rule, with no tolerance.
+    static bool EvenOddInside(const std::vector<Vec2<double>>& ring, const Vec2<double>& p);
     // Distance in plan (metres) from p to the segment from a to b.
     static double DistanceToSegment(const Vec2<double>& p, const Vec2<double>& a,
                                     const Vec2<double>& b);

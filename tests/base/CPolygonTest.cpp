@@ -157,6 +157,13 @@ TEST(CIntersect, RingsMeetWithinTheTolerance) {
         EXPECT_EQ(cut.NumPoly(a, c.b), c.numPoly);
         EXPECT_EQ(cut.NumPoly(c.b, a), c.numPoly);
     }
+    // Only the intersection's tolerance counts, not the rings' own: a ring with a 0.5 m
+    // tolerance 0.01 m from a vertex of the other is still apart at 0.001 m.
+    CPolygon coarse = square(4.01, 4);
+    CPolygon wide(0.5);
+    for (const auto& v : coarse.Points())
+        wide.AddPoint(v);
+    EXPECT_EQ(cut.NumPoly(Ring({{4, 0}, {4, 4}, {0, 4}, {0, 0}}), wide), 2);
 }
 
 TEST(CLine3, LengthDirectionAndPointAtADistance) {
