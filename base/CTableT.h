@@ -157,6 +157,8 @@ template <class T> CTableT<T> CTableT<T>::Derivative() const {
             const T b = y(i + 1) - y(i);
             const T p = x(i) - x(i - 1);
             const T q = x(i + 1) - x(i);
+            // The span is taken as p + q, not x[i+1] - x[i-1]: the two may differ in the
+            // last bit, and p + q is the established form.
             d.m_rows[i].second = (a * (q / (p + q))) / p + (b * (p / (p + q))) / q;
         }
         d.m_rows[n - 1].second = s(n - 2, n - 1) - s(n - 3, n - 2) + s(n - 3, n - 1);

@@ -1,5 +1,4 @@
 #include "base/StringFrom.h"
-#include "base/CUnit.h"
 #include "base/GeoGlobal.h"
 #include "base/IntervalsLogScale.h"
 
@@ -91,14 +90,4 @@ TEST(GeoGlobal, CutDownDecimalPlaces) {
     EXPECT_EQ(GeoGlobal::CutDownDecimalPlaces(-2.345678, 2), -2.35); // halves away from zero
     EXPECT_EQ(GeoGlobal::CutDownDecimalPlaces(0.125, 2), 0.13);      // 12.5 exactly: away
     EXPECT_EQ(GeoGlobal::CutDownDecimalPlaces(1234.5, 0), 1235.0);
-}
-
-TEST(CUnit, SiUnitsOnly) {
-    const CUnit u;
-    EXPECT_EQ(u.Conversion(202), 1.0);
-    EXPECT_EQ(u.GetCurSel(6), 0);
-    EXPECT_EQ(std::wstring(u.Label(2).GetString()), L"m");
-    EXPECT_EQ(std::wstring(u.Label(8, true, true).GetString()), L" (1/m)");
-    EXPECT_EQ(std::wstring(u.Label(202, true, true).GetString()), L"");
-    EXPECT_EQ(std::wstring(u.DimensionString(6).GetString()), L"Displacement");
 }
