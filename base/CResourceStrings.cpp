@@ -26,6 +26,14 @@ const Entry kTable[] = {
           L"treated with caution and verified."},
     {353, L"Circular Excavation"},
     {3558, L"Tunnel %i is vertical.  Vertical tunnels cannot be analysed."},
+    // Chart titles of ground movement curves, horizontal then vertical; %s takes the
+    // axis suffix.
+    {3630, L"Distance from wall / wall depth or max. excavation depth%s"},
+    {3631, L"Depth / wall depth or max. excavation depth%s"},
+    {3632, L"Horizontal movement / wall depth or max. excavation depth%s"},
+    {3633, L"Distance from wall / wall depth or max. excavation depth%s"},
+    {3634, L"Depth / wall depth or max. excavation depth%s"},
+    {3635, L"Settlement / wall depth or max. excavation depth%s"},
     {3588, L"Stage: %s refers to Tunnel  %i which does not exist."},
     {3589, L"Stage: %s refers to Polygonal Excavation %i which does not exist."},
     {3590, L"Stage: %s refers to Circular Excavation %i which does not exist."},

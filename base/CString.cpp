@@ -1,6 +1,8 @@
 #include "CString.h"
 
+#include <algorithm>
 #include <cwchar>
+#include <cwctype>
 #include <vector>
 
 namespace Tevra {
@@ -215,6 +217,19 @@ CString& CString::operator+=(const wchar_t* other) {
     if (other && *other)
         Mutable() += other;
     return *this;
+}
+
+int CString::CompareNoCase(const CString& o) const {
+    const std::wstring& a = Str();
+    const std::wstring& b = o.Str();
+    const size_t n = std::min(a.size(), b.size());
+    for (size_t k = 0; k < n; ++k) {
+        const wint_t x = std::towlower(static_cast<wint_t>(a[k]));
+        const wint_t y = std::towlower(static_cast<wint_t>(b[k]));
+        if (x != y)
+            return x < y ? -1 : 1;
+    }
+    return a.size() == b.size() ? 0 : (a.size() < b.size() ? -1 : 1);
 }
 
 } // namespace Tevra

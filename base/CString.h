@@ -44,6 +44,8 @@ class CString {
     bool operator==(const CString& o) const { return Str() == o.Str(); }
     bool operator!=(const CString& o) const { return !(*this == o); }
     bool operator<(const CString& o) const { return Str() < o.Str(); }
+    // Compared without regard to case: below 0, 0 or above 0 as for text in order.
+    int CompareNoCase(const CString& o) const;
 
     // True when both share one buffer (for tests of the sharing).
     bool SharesBufferWith(const CString& o) const { return m_buf && m_buf == o.m_buf; }

@@ -4,6 +4,9 @@
 
 namespace Tevra::GeoGlobal {
 
+// The direction of a movement: along the ground or down into it.
+enum EDirection { eHorizontal = 0, eVertical = 1 };
+
 // value rounded to the given number of decimal places, halves away from zero. The
 // rounding works on the binary value: 1.005 is stored just below and goes to 1.0 at 2
 // places.
