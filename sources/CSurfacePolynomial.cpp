@@ -24,6 +24,10 @@ const double kNaN = std::numeric_limits<double>::quiet_NaN();
 
 double Pow(double base, int power) { return std::pow(base, static_cast<double>(power)); }
 
+// d = x order + 1, the number of powers of x. The largest int order stays at its own value:
+// no coefficient index reaches it, so the split into powers is the same.
+int XPowers(int xOrder) { return xOrder < std::numeric_limits<int>::max() ? xOrder + 1 : xOrder; }
+
 } // namespace
 
 void CSurfacePolynomial::SetDataCoord(int n, const Vec3<double>& p) {
@@ -174,7 +178,7 @@ double CSurfacePolynomial::GetPolynomialZ(const std::vector<double>& coefficient
     // no Horner scheme: the rounding follows this fixed order.
     if (coefficients.empty() || xOrder < 0)
         return 0.0;
-    const int d = xOrder + 1;
+    const int d = XPowers(xOrder);
     double z = 0.0;
     for (int i = static_cast<int>(coefficients.size()) - 1; i >= 0; --i)
         z += Pow(x, i % d) * coefficients[static_cast<size_t>(i)] * Pow(y, i / d);
@@ -184,7 +188,7 @@ double CSurfacePolynomial::GetPolynomialZ(const std::vector<double>& coefficient
 double CSurfacePolynomial::GradientWRTX(const double& x, const double& y) const {
     if (m_coeffs.empty() || m_xOrder < 0)
         return 0.0;
-    const int d = m_xOrder + 1;
+    const int d = XPowers(m_xOrder);
     double g = 0.0;
     for (int i = 0; i < static_cast<int>(m_coeffs.size()); ++i) {
         const int a = i % d;
@@ -197,7 +201,7 @@ double CSurfacePolynomial::GradientWRTX(const double& x, const double& y) const 
 double CSurfacePolynomial::GradientWRTY(const double& x, const double& y) const {
     if (m_coeffs.empty() || m_xOrder < 0)
         return 0.0;
-    const int d = m_xOrder + 1;
+    const int d = XPowers(m_xOrder);
     double g = 0.0;
     for (int i = 0; i < static_cast<int>(m_coeffs.size()); ++i) {
         const int bPow = i / d;

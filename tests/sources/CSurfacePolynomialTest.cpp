@@ -102,6 +102,11 @@ TEST(SurfacePolynomial, EvaluationAndGradients) {
     EXPECT_EQ(t.GradientWRTY(2, 3), 8.0);
 
     EXPECT_EQ(CSurfacePolynomial::GetPolynomialZ({}, 2, 3, 1), 0.0);
+    // Wild x orders do not trap: the largest int is all powers of x (1 + 2 x 2 = 5), a
+    // negative one evaluates to nothing.
+    EXPECT_EQ(CSurfacePolynomial::GetPolynomialZ({1, 2}, 2, 3, std::numeric_limits<int>::max()),
+              5.0);
+    EXPECT_EQ(CSurfacePolynomial::GetPolynomialZ({1, 2}, 2, 3, -1), 0.0);
     EXPECT_EQ(CSurfacePolynomial().GradientWRTX(2, 3), 0.0);
 }
 
