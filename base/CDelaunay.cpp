@@ -146,38 +146,47 @@ std::vector<CTriangle> CDelaunay::triangulate(const std::vector<Vec2<double>>& p
     };
     for (size_t t = 0; t < tris.size(); ++t)
         Register(t);
+    // Edges waiting for the test, taken from the back: at first every inner edge, in
+    // triangle order; after a flip the four outer edges of its quadrilateral. Flips then
+    // cost in proportion to their number, not to passes over the whole mesh.
+    std::vector<std::pair<int, int>> pending;
+    for (const Tri& T : tris)
+        for (size_t j = 0; j < 3; ++j)
+            if (T[j] < T[(j + 1) % 3] && owner.count({T[(j + 1) % 3], T[j]}))
+                pending.push_back({T[j], T[(j + 1) % 3]});
+    std::reverse(pending.begin(), pending.end());
     // A bound on the flips guards against a cycle made of rounding alone; exact
     // arithmetic needs at most about m^2 / 2.
     long long flipsLeft = static_cast<long long>(m) * m + 100;
-    bool flipped = true;
-    while (flipped && flipsLeft > 0) {
-        flipped = false;
-        for (size_t t = 0; t < tris.size() && flipsLeft > 0; ++t)
-            for (size_t j = 0; j < 3; ++j) {
-                const Tri T = tris[t];
-                const int a = T[j], b = T[(j + 1) % 3], c = T[(j + 2) % 3];
-                const auto twin = owner.find({b, a});
-                if (twin == owner.end())
-                    continue;
-                const size_t u = twin->second;
-                const Tri& U = tris[u];
-                int d = U[0];
-                for (int v : U)
-                    if (v != a && v != b)
-                        d = v;
-                if (!InCircle(Q(a), Q(b), Q(c), Q(d)))
-                    continue;
-                if (OrientSign(Q(a), Q(d), Q(c)) <= 0 || OrientSign(Q(d), Q(b), Q(c)) <= 0)
-                    continue; // the quadrilateral is not convex: the edge stays
-                Unregister(t);
-                Unregister(u);
-                tris[t] = Tri{a, d, c};
-                tris[u] = Tri{d, b, c};
-                Register(t);
-                Register(u);
-                flipped = true;
-                --flipsLeft;
-            }
+    while (!pending.empty() && flipsLeft > 0) {
+        const std::pair<int, int> edge = pending.back();
+        pending.pop_back();
+        const auto left = owner.find(edge);
+        const auto right = owner.find({edge.second, edge.first});
+        if (left == owner.end() || right == owner.end())
+            continue; // flipped away since it was queued
+        const size_t t = left->second, u = right->second;
+        const int a = edge.first, b = edge.second;
+        int c = a, d = a;
+        for (int v : tris[t])
+            if (v != a && v != b)
+                c = v;
+        for (int v : tris[u])
+            if (v != a && v != b)
+                d = v;
+        if (!InCircle(Q(a), Q(b), Q(c), Q(d)))
+            continue;
+        if (OrientSign(Q(a), Q(d), Q(c)) <= 0 || OrientSign(Q(d), Q(b), Q(c)) <= 0)
+            continue; // the quadrilateral is not convex: the edge stays
+        Unregister(t);
+        Unregister(u);
+        tris[t] = Tri{a, d, c};
+        tris[u] = Tri{d, b, c};
+        Register(t);
+        Register(u);
+        --flipsLeft;
+        for (const auto& e : {std::pair<int, int>{a, d}, {d, b}, {b, c}, {c, a}})
+            pending.push_back(e);
     }
 
     // Step 4: the order that makes the list the same on every machine.
