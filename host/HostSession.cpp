@@ -32,7 +32,8 @@ bool HostSession::Report(const std::vector<SanityChecks::SFinding>& findings) {
     return errors;
 }
 
-HostSession::ECheck HostSession::Check(const ZorvoData& doc, int threads) {
+HostSession::ECheck HostSession::Check(const ZorvoData& doc, int threads,
+                                       SanityChecks::ESave save) {
     SCheckArgs args;
     args.event = m_interrupt;
     std::vector<CString> m;
@@ -63,8 +64,8 @@ HostSession::ECheck HostSession::Check(const ZorvoData& doc, int threads) {
         return eCancelled;
 
     errors |= Report(SanityChecks::Inputs(doc));
-    errors |=
-        Report(SanityChecks::RunSize(doc, SystemMemory::Bytes(), SystemMemory::Source(), threads));
+    errors |= Report(
+        SanityChecks::RunSize(doc, SystemMemory::Bytes(), SystemMemory::Source(), threads, save));
     return errors ? eErrors : eClean;
 }
 

@@ -25,6 +25,11 @@ constexpr double kLargestUserK = 5.0;       // trough width factor; clays are ab
 constexpr double kResultShareOfMemory = 0.8;
 // A sample's store: the record, its row's vector and the allocator's overhead (bytes).
 constexpr double kBytesPerSample = sizeof(GeoDispResult) + 40.0;
+// Memory a save takes per sample while it writes (bytes), measured on a solved grid of
+// half a million samples: the JSON form builds its whole document, about 1,630 bytes a
+// sample; the binary form its buffer, about 210.
+constexpr double kJsonSaveBytesPerSample = 1630.0;
+constexpr double kBinarySaveBytesPerSample = 210.0;
 // Point movements one core works out in a second, a tunnel at a point each; one mine
 // at a point samples 2,400 ring sectors, about a hundred times the work.
 constexpr double kEvaluationsPerCoreSecond = 1e7;
@@ -375,8 +380,15 @@ std::vector<SanityChecks::SFinding> SanityChecks::Inputs(const ZorvoData& doc) {
 
 std::vector<SanityChecks::SFinding> SanityChecks::RunSize(const ZorvoData& doc, double memoryBytes,
                                                           const std::string& memorySource,
-                                                          int cores) {
+                                                          int cores, ESave save) {
     std::vector<SFinding> out;
+    const double perSample = kBytesPerSample + (save == eJsonSave     ? kJsonSaveBytesPerSample
+                                                : save == eBinarySave ? kBinarySaveBytesPerSample
+                                                                      : 0.0);
+    const std::string what = save == eJsonSave     ? " of results and their JSON save, "
+                             : save == eBinarySave ? " of results and their save, "
+                                                   : " of results, ";
+    const std::string orBinary = save == eJsonSave ? ", or save in the binary form (.zorvo)" : "";
     const double stages = doc.NumStages(true, false);
     const double limit = memoryBytes * kResultShareOfMemory;
     const std::string memory =
@@ -387,23 +399,23 @@ std::vector<SanityChecks::SFinding> SanityChecks::RunSize(const ZorvoData& doc, 
         if (!doc.GetDisplacementData(d).GetCalculate())
             continue;
         const double samples = Samples(doc, d);
-        const double bytes = samples * stages * kBytesPerSample;
+        const double bytes = samples * stages * perSample;
         total += samples;
         if (memoryBytes > 0.0 && bytes > limit) {
             refused = true;
             out.push_back({true, DisplacementLabel(doc, d) + " has " + Scientific(samples) +
                                      " samples in " + Stages(stages) + ": about " +
-                                     SystemMemory::Describe(bytes) + " of results, " + memory +
-                                     "; reduce its intervals"});
+                                     SystemMemory::Describe(bytes) + what + memory +
+                                     "; reduce its intervals" + orBinary});
         }
     }
-    const double bytes = total * stages * kBytesPerSample;
+    const double bytes = total * stages * perSample;
     if (!refused && memoryBytes > 0.0 && bytes > limit) {
         refused = true;
         out.push_back({true, "The displacement records have " + Scientific(total) + " samples in " +
                                  Stages(stages) + ": about " + SystemMemory::Describe(bytes) +
-                                 " of results, " + memory +
-                                 "; reduce their intervals or the stages"});
+                                 what + memory + "; reduce their intervals or the stages" +
+                                 orBinary});
     }
 
     const bool mines = doc.GetGeneral().GetProblemType() == eMine;

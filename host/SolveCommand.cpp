@@ -152,7 +152,12 @@ int SolveCommand(HostSession& session, const SSolveOptions& o) {
     if (!session.Load(o.file, doc))
         return eExitUsage;
     const int threads = o.threads > 0 ? o.threads : omp_get_num_procs();
-    switch (session.Check(doc, threads)) {
+    SanityChecks::ESave save = SanityChecks::eNoSave;
+    if (!o.output.empty())
+        save = ZorvoModelFile::FormForPath(o.output) == FileIO::CDataFile::eJson
+                   ? SanityChecks::eJsonSave
+                   : SanityChecks::eBinarySave;
+    switch (session.Check(doc, threads, save)) {
     case HostSession::eCancelled:
         session.Fail("the checks were cancelled; " + o.file + " is not solved");
         return eExitFindings;
