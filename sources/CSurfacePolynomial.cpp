@@ -1,5 +1,8 @@
 #include "sources/CSurfacePolynomial.h"
 
+#include "base/CNumFormat.h"
+#include "base/StringFrom.h"
+
 #include <Eigen/Dense>
 
 #include <algorithm>
@@ -21,6 +24,27 @@ const double kMachineEpsilon = 2.220446049250313e-16;
 const std::int64_t kMaxFitCoeffs = 1024;
 
 const double kNaN = std::numeric_limits<double>::quiet_NaN();
+
+// Scientific number format (3) with the given significant figures.
+Util::CNumFormat ScientificFormat(int sigFigs) {
+    Util::CNumFormat format;
+    format.SetFormat(3);
+    format.SetSciSigFig(sigFigs);
+    return format;
+}
+
+// One variable of a term: nothing for power 0, the bare name for 1, and above that the
+// power as a superscript with markup or as "(x^n)" in plain text.
+void AppendPower(CString& term, const wchar_t* name, int power, bool markup) {
+    if (power == 0)
+        return;
+    if (power == 1)
+        term += name;
+    else if (markup)
+        term += CString::Formatted(L"%s<sup>%i</sup>", name, power);
+    else
+        term += CString::Formatted(L"(%s^%i)", name, power);
+}
 
 double Pow(double base, int power) { return std::pow(base, static_cast<double>(power)); }
 
@@ -243,6 +267,40 @@ double CSurfacePolynomial::GetRSquared(const std::vector<Vec3<double>>& data,
     }
     // Deliberately unguarded: no spread and an exact fit give 0/0, not a chosen value.
     return (S - E) / S;
+}
+
+void CSurfacePolynomial::StringifyEquation(bool markup, CString& out) const {
+    StringifyEquation(m_coeffs, m_sigFigs, markup, m_xOrder, out);
+}
+
+void CSurfacePolynomial::StringifyEquation(const std::vector<double>& coefficients, int sigFigs,
+                                           bool markup, int xOrder, CString& out) {
+    out.Empty();
+    if (xOrder < 0)
+        return;
+    const Util::CNumFormat format = ScientificFormat(sigFigs);
+    const int d = XPowers(xOrder);
+    const int last = static_cast<int>(coefficients.size()) - 1;
+    for (int i = last; i >= 0; --i) {
+        const double c = coefficients[static_cast<size_t>(i)];
+        CString term = Vesk::StringFrom(std::fabs(c), format);
+        // The sign goes in front: bare on the first term, spaced on the others.
+        if (c < 0)
+            term = CString(i == last ? L"-" : L" - ") + term;
+        else if (i != last)
+            term = CString(L" + ") + term;
+        AppendPower(term, L"x", i % d, markup);
+        AppendPower(term, L"y", i / d, markup);
+        out += term;
+    }
+}
+
+void CSurfacePolynomial::StringifyRSquared(CString& out) const {
+    StringifyRSquared(GetRSquared(), m_sigFigs, out);
+}
+
+void CSurfacePolynomial::StringifyRSquared(const double& rSquared, int sigFigs, CString& out) {
+    out = Vesk::StringFrom(rSquared, ScientificFormat(sigFigs));
 }
 
 } // namespace Tevra::Data

@@ -104,6 +104,17 @@ class CSurfacePolynomial {
     static double GetRSquared(const std::vector<Vec3<double>>& data,
                               const std::vector<double>& coefficients, int xOrder);
 
+    // The equation as text, highest power first and the constant last, each coefficient
+    // in scientific form with the significant figures, e.g. "4.00e+00xy + 3.00e+00y -
+    // 2.00e+00x + 1.00e+00". Powers above 1 are "x<sup>2</sup>" with markup and "(x^2)"
+    // without. Zero coefficients are written, not skipped. out is emptied first.
+    void StringifyEquation(bool markup, CString& out) const;
+    static void StringifyEquation(const std::vector<double>& coefficients, int sigFigs, bool markup,
+                                  int xOrder, CString& out);
+    // R² in scientific form with the significant figures; the object's form computes it.
+    void StringifyRSquared(CString& out) const;
+    static void StringifyRSquared(const double& rSquared, int sigFigs, CString& out);
+
   private:
     CString m_name;
     std::vector<Vec3<double>> m_dataCoords;

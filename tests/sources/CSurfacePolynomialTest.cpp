@@ -169,3 +169,54 @@ TEST(SurfacePolynomial, DataCoordEdits) {
     EXPECT_TRUE(std::isnan(s.GetDataCoord(2).x));
     EXPECT_EQ(s.GetDataCoord(3).x, 1.0);
 }
+
+TEST(SurfacePolynomial, EquationAndRSquaredText) {
+    struct Case {
+        std::vector<double> coeffs;
+        int xOrder, sigFigs;
+        const wchar_t* plain;
+        const wchar_t* markup;
+    };
+    const Case cases[] = {
+        // 1 + 2x + 3y + 4xy, highest term first, the constant last.
+        {{1, 2, 3, 4},
+         1,
+         3,
+         L"4.00e+00xy + 3.00e+00y + 2.00e+00x + 1.00e+00",
+         L"4.00e+00xy + 3.00e+00y + 2.00e+00x + 1.00e+00"},
+        // -1 + 2.5x^2 - 3x^2 y: a negative first term takes a bare "-", zeros are written.
+        {{-1, 0, 2.5, 0, 0, -3},
+         2,
+         2,
+         L"-3.0e+00(x^2)y + 0.0e+00xy + 0.0e+00y + 2.5e+00(x^2) + 0.0e+00x - 1.0e+00",
+         L"-3.0e+00x<sup>2</sup>y + 0.0e+00xy + 0.0e+00y + 2.5e+00x<sup>2</sup> + 0.0e+00x - "
+         L"1.0e+00"},
+        // x order 0: powers of y alone.
+        {{1, -2, 7},
+         0,
+         2,
+         L"7.0e+00(y^2) - 2.0e+00y + 1.0e+00",
+         L"7.0e+00y<sup>2</sup> - 2.0e+00y + 1.0e+00"},
+        {{}, 1, 6, L"", L""},
+    };
+    for (const auto& c : cases) {
+        CString out(L"stale");
+        CSurfacePolynomial::StringifyEquation(c.coeffs, c.sigFigs, false, c.xOrder, out);
+        EXPECT_EQ(std::wstring(out.GetString()), c.plain);
+        CSurfacePolynomial::StringifyEquation(c.coeffs, c.sigFigs, true, c.xOrder, out);
+        EXPECT_EQ(std::wstring(out.GetString()), c.markup);
+    }
+
+    // The object's forms use its own figures (6 by default) and its own R^2: the fit of
+    // (0, 0), (1, 0), (2, 3) has R^2 = 0.75 (worked in RSquared above).
+    CSurfacePolynomial s;
+    s.SetDataCoords({{0, 0, 0}, {1, 0, 0}, {2, 0, 3}});
+    s.SetYOrder(0);
+    ASSERT_EQ(s.CalculateCoeffs(), CSurfacePolynomial::eSuccess);
+    CString text;
+    s.StringifyRSquared(text);
+    EXPECT_EQ(std::wstring(text.GetString()), L"7.50000e-01");
+    s.SetSigFigs(2);
+    s.StringifyEquation(false, text);
+    EXPECT_EQ(std::wstring(text.GetString()), L"1.5e+00x - 5.0e-01");
+}
