@@ -84,3 +84,26 @@ template <class T> class CNumberedList {
 #define ZORVO_NUMBERED_FAMILY(Name, Plural, Type, list)                                            \
     ZORVO_NUMBERED_ACCESS(Name, Type, list)                                                        \
     int Num##Plural() const { return list.Num(); }
+
+// The same members for a family kept as one list per direction (lists indexed by
+// GeoGlobal::EDirection), each taking the direction first.
+#define ZORVO_NUMBERED_DIRECTION_FAMILY(Name, Type, lists)                                         \
+    bool Name##Exists(GeoGlobal::EDirection d, int n) const { return lists[d].Exists(n); }         \
+    int Num##Name##s(GeoGlobal::EDirection d) const { return lists[d].Num(); }                     \
+    const Type& Get##Name(GeoGlobal::EDirection d, int n) const { return lists[d].Get(n); }        \
+    void Set##Name(GeoGlobal::EDirection d, int n, const Type& record) {                           \
+        lists[d].Set(n, record);                                                                   \
+    }                                                                                              \
+    void Insert##Name(GeoGlobal::EDirection d, int n, int count) { lists[d].Insert(n, count); }    \
+    void Insert##Name(GeoGlobal::EDirection d, int n, const Type& record) {                        \
+        lists[d].Insert(n, record);                                                                \
+    }                                                                                              \
+    void Delete##Name(GeoGlobal::EDirection d, int first, int last) {                              \
+        lists[d].Delete(first, last);                                                              \
+    }                                                                                              \
+    const std::vector<Type>& Get##Name##s(GeoGlobal::EDirection d) const {                         \
+        return lists[d].Items();                                                                   \
+    }                                                                                              \
+    void Set##Name##s(GeoGlobal::EDirection d, const std::vector<Type>& records) {                 \
+        lists[d].Items() = records;                                                                \
+    }

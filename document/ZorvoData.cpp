@@ -1,6 +1,7 @@
 #include "ZorvoData.h"
 
 #include "base/CResourceStrings.h"
+#include "sources/SStdGMCurve.h"
 
 #include <algorithm>
 
@@ -12,7 +13,79 @@ constexpr int kBaseModelNameID = 3886;
 constexpr int kFirstTitleID = 49616;
 } // namespace
 
-ZorvoData::ZorvoData() { m_stageProperties.SetPrototype(CStageProperty()); }
+ZorvoData::ZorvoData() {
+    m_stageProperties.SetPrototype(CStageProperty());
+    CreateStandardGMCurves();
+}
+
+void ZorvoData::CreateStandardGMCurves() {
+    using GeoGlobal::EDirection;
+    const struct {
+        EDirection direction;
+        const std::vector<SStdGMCurve>& curves;
+        const wchar_t* const* names;
+    } lists[] = {
+        {GeoGlobal::eHorizontal, SStdGMCurve::Horizontal(), CGMCurve::STD_HORZ_GM_CURVE_NAMES},
+        {GeoGlobal::eVertical, SStdGMCurve::Vertical(), CGMCurve::STD_VERT_GM_CURVE_NAMES}};
+    for (const auto& list : lists) {
+        std::vector<CGMCurve>& curves = m_gmCurves[list.direction].Items();
+        curves.assign(list.curves.size(), CGMCurve());
+        for (size_t k = 0; k < curves.size(); ++k) {
+            const SStdGMCurve& standard = list.curves[k];
+            CGMCurve& c = curves[k];
+            c.SetName(list.names[k]);
+            c.SetDataCoords(standard.data);
+            c.SetSurfaceOnly(standard.surfaceOnly);
+            c.SetXOrder(standard.xOrder);
+            c.SetYOrder(0);
+            c.SetSigFigs(standard.sigFigs);
+            c.SetInterpolationMethod(standard.linear ? CGMCurve::eLinear : CGMCurve::ePolynomial);
+            c.SetEditable(false);
+            c.SetDirection(list.direction);
+            // Fitted now, from the digitised points; a curve that is never fitted (the
+            // clay curve of C760 Fig. 6.15(c)) keeps no coefficients.
+            if (standard.xOrder >= 0)
+                c.CalculateCoeffs();
+        }
+    }
+}
+
+int ZorvoData::NumEditableGMCurves(GeoGlobal::EDirection d) const {
+    const auto& curves = m_gmCurves[d].Items();
+    return static_cast<int>(std::count_if(curves.begin(), curves.end(),
+                                          [](const CGMCurve& c) { return c.GetEditable(); }));
+}
+
+bool ZorvoData::IsGMCurveInUse(GeoGlobal::EDirection, int, std::vector<CString>& names) const {
+    names.clear();
+    return false; // excavations, the only users of curves, are not part of a project yet
+}
+
+bool ZorvoData::IsGMCurveInUse(GeoGlobal::EDirection d, int n) const {
+    std::vector<CString> names;
+    return IsGMCurveInUse(d, n, names);
+}
+
+bool ZorvoData::AnyGMCurvesInUse(GeoGlobal::EDirection d) const {
+    for (int n = 1; n <= NumGMCurves(d); ++n)
+        if (IsGMCurveInUse(d, n))
+            return true;
+    return false;
+}
+
+bool ZorvoData::GMCurveNeedsTriangulation(GeoGlobal::EDirection d, int n) const {
+    const CGMCurve& c = GetGMCurve(d, n);
+    return !c.GetSurfaceOnly() && c.GetInterpolationMethod() == CGMCurve::eLinear &&
+           IsGMCurveInUse(d, n);
+}
+
+bool ZorvoData::IsGMCurveTriangulationNeeded() const {
+    for (GeoGlobal::EDirection d : {GeoGlobal::eHorizontal, GeoGlobal::eVertical})
+        for (int n = 1; n <= NumGMCurves(d); ++n)
+            if (GMCurveNeedsTriangulation(d, n))
+                return true;
+    return false;
+}
 
 void ZorvoData::Empty() { *this = ZorvoData(); }
 

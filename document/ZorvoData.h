@@ -8,6 +8,7 @@
 #include "document/CStageProperty.h"
 #include "document/EModuleID.h"
 #include "document/GeoZorvoGeneral.h"
+#include "sources/CGMCurve.h"
 #include "sources/GeoMine.h"
 #include "sources/GeoTunnel.h"
 #include "validation/CCheckPass.h"
@@ -67,6 +68,22 @@ class ZorvoData : public LodraZorvoData {
 
     // Mine panels, the sources of a mine analysis.
     ZORVO_NUMBERED_FAMILY(Mine, Mines, GeoMine, m_mines)
+
+    // Ground movement curves, a list per direction: the standard curves first, read-only
+    // and never saved, then the user's. Excavations refer to them by 0-based index.
+    ZORVO_NUMBERED_DIRECTION_FAMILY(GMCurve, CGMCurve, m_gmCurves)
+    // User curves of a direction: those with the editable flag.
+    int NumEditableGMCurves(GeoGlobal::EDirection d) const;
+    // Whether any excavation refers to curve n (1-based) of a direction; names gets one
+    // text per user. No excavation exists yet, so no curve is in use.
+    bool IsGMCurveInUse(GeoGlobal::EDirection d, int n, std::vector<CString>& names) const;
+    bool IsGMCurveInUse(GeoGlobal::EDirection d, int n) const;
+    bool AnyGMCurvesInUse(GeoGlobal::EDirection d) const;
+    // Whether a run must triangulate curve n (1-based) of a direction: one in use,
+    // interpolated linearly over depth as well as distance.
+    bool GMCurveNeedsTriangulation(GeoGlobal::EDirection d, int n) const;
+    // Whether a run must triangulate any curve; horizontal curves are asked first.
+    bool IsGMCurveTriangulationNeeded() const;
 
     // Stages and stage properties.
     ZORVO_NUMBERED_FAMILY(StageProperty, StageProperties, CStageProperty, m_stageProperties)
@@ -166,7 +183,11 @@ class ZorvoData : public LodraZorvoData {
     CNumberedList<CStageProperty> m_stageProperties;
     CNumberedList<GeoTunnel> m_tunnels;
     CNumberedList<GeoMine> m_mines;
+    CNumberedList<CGMCurve> m_gmCurves[2];
     CReEntrantCornerOptions m_cornerOptions;
+
+    // The standard curves of CIRIA C580 and C760, fitted, in place of both lists.
+    void CreateStandardGMCurves();
 };
 
 } // namespace Tevra::Data

@@ -111,6 +111,13 @@ bool ZorvoSolver::Solve() {
     m_doc->ResizeResultsAndSetupTransects();
     m_cancelled.store(false, std::memory_order_relaxed);
 
+    if (m_doc->IsGMCurveTriangulationNeeded()) {
+        SendMsg(nullptr, 35);
+        SendMsg(nullptr, 37);
+        PrepareGMCurves();
+        SendMsg(nullptr, 38);
+        SendMsg(nullptr, 36);
+    }
     SendMsg(nullptr, 33);
 
     const int S = m_doc->NumStages(true, false);
@@ -127,6 +134,18 @@ bool ZorvoSolver::Solve() {
     // Specific utilities and generic buildings are assessed in passes of their own
     // after every stage has its movements.
     return true;
+}
+
+void ZorvoSolver::PrepareGMCurves() {
+    for (GeoGlobal::EDirection d : {GeoGlobal::eHorizontal, GeoGlobal::eVertical}) {
+        for (int n = 1; n <= m_doc->NumGMCurves(d); ++n) {
+            if (!m_doc->GMCurveNeedsTriangulation(d, n))
+                continue;
+            CGMCurve copy = m_doc->GetGMCurve(d, n);
+            copy.Triangulate();
+            m_doc->SetGMCurve(d, n, copy);
+        }
+    }
 }
 
 void ZorvoSolver::CalcGroundMovements_All(int stage) {

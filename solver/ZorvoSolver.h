@@ -57,6 +57,10 @@ class ZorvoSolver {
     template <class Body>
     void FamilyLoop(long long code, int stage, int count, bool zeroBased, Body body);
 
+    // Triangulates the ground movement curves a run interpolates over depth as well as
+    // distance, each on a copy that then replaces the document's curve.
+    void PrepareGMCurves();
+
     void CalcGroundMovements_All(int stage);
     void CalcGroundMovements_DisplacementPoints(int stage);
     void CalcGroundMovements_DisplacementLines(int stage);
