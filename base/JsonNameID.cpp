@@ -168,6 +168,24 @@ const char* JsonName(int id) {
         return "lower";
     case jnUpper:
         return "upper";
+    case jnPolynomial:
+        return "polynomial";
+    case jnDataCoords:
+        return "dataCoords";
+    case jnXOrder:
+        return "xOrder";
+    case jnYOrder:
+        return "yOrder";
+    case jnSigFigs:
+        return "sigFigs";
+    case jnEditable:
+        return "editable";
+    case jnDirection:
+        return "direction";
+    case jnSurfaceOnly:
+        return "surfaceOnly";
+    case jnInterpolationMethod:
+        return "interpolationMethod";
     }
     return nullptr;
 }

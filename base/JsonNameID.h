@@ -90,6 +90,15 @@ enum EJsonNameID : int {
     jnUpperStratumThickness,
     jnLower,
     jnUpper,
+    jnPolynomial,
+    jnDataCoords,
+    jnXOrder,
+    jnYOrder,
+    jnSigFigs,
+    jnEditable,
+    jnDirection,
+    jnSurfaceOnly,
+    jnInterpolationMethod,
 };
 
 // The member name of a storage name; null for a number that has none.

@@ -367,7 +367,8 @@ void ZorvoData::GetTunnelsOfSubSurfaceMethodAndSoil(GeoTunnel::ESubSurfaceMethod
 bool ZorvoData::operator==(const ZorvoData& o) const {
     return SameBase(o) && m_general == o.m_general && m_stages == o.m_stages &&
            m_stageProperties == o.m_stageProperties && m_tunnels == o.m_tunnels &&
-           m_mines == o.m_mines && m_cornerOptions == o.m_cornerOptions;
+           m_mines == o.m_mines && m_gmCurves[0] == o.m_gmCurves[0] &&
+           m_gmCurves[1] == o.m_gmCurves[1] && m_cornerOptions == o.m_cornerOptions;
 }
 
 } // namespace Tevra::Data

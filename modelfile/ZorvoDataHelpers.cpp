@@ -237,6 +237,31 @@ ZorvoDataHelpers::ZorvoDataHelpers(ZorvoData& doc) {
              r.Read(f, g);
              d.SetMine(d.NumMines() + 1, r);
          }});
+    // ZorvoDataVerticalGMCurves and ZorvoDataHorizontalGMCurves: the user's curves; the
+    // standard ones come with every project. A read curve takes the module's direction,
+    // follows the curves already there and, when it is polynomial, is fitted.
+    for (const auto& module : {std::make_pair(202040, GeoGlobal::eVertical),
+                               std::make_pair(202050, GeoGlobal::eHorizontal)}) {
+        const GeoGlobal::EDirection d = module.second;
+        add({module.first,
+             d == GeoGlobal::eVertical ? L"Vertical Ground Movement Curves"
+                                       : L"Horizontal Ground Movement Curves",
+             CGMCurve::GetVersion(),
+             [d](const ZorvoData& data) { return data.NumEditableGMCurves(d); },
+             [d](const ZorvoData& data, CDataFile& f, int n) {
+                 for (const CGMCurve& c : data.GetGMCurves(d))
+                     if (c.GetEditable() && --n == 0)
+                         return c.Write(f);
+             },
+             [d](ZorvoData& data, CDataFile& f, int g) {
+                 CGMCurve c(true, d);
+                 c.Read(f, g);
+                 c.SetDirection(d);
+                 if (c.GetInterpolationMethod() == CGMCurve::ePolynomial)
+                     c.CalculateCoeffs();
+                 data.SetGMCurve(d, data.NumGMCurves(d) + 1, c);
+             }});
+    }
     // ZorvoDataGraphicsSettings: whether smoothed results are shown.
     add({202110, L"Graphic Settings", 1, [](const ZorvoData&) { return 1; },
          [](const ZorvoData& d, CDataFile& f, int) {

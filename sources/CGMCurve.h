@@ -38,6 +38,15 @@ class CGMCurve : public CSurfacePolynomial {
 
     static int GetVersion() { return m_iVer; }
 
+    // The record in the model file. Only the user's curves are saved; a reader fits a
+    // polynomial curve again.
+    void Write(FileIO::CDataFile& file) const override;
+    void Read(FileIO::CDataFile& file, int generation) override;
+
+    // The same inputs: the fit and the triangles follow from them.
+    bool operator==(const CGMCurve& o) const;
+    bool operator!=(const CGMCurve& o) const { return !(*this == o); }
+
     // The movement at (x, y) (percent of wall depth). found is true on the polynomial
     // route; the linear route leaves it false.
     double GetZ(const double& x, const double& y, bool& found) const;

@@ -5,6 +5,10 @@
 
 #include <vector>
 
+namespace Tevra::FileIO {
+class CDataFile;
+}
+
 namespace Tevra::Data {
 
 // A named list of scattered points (x, y, z) and the least-squares polynomial surface
@@ -114,6 +118,14 @@ class CSurfacePolynomial {
     // R² in scientific form with the significant figures; the object's form computes it.
     void StringifyRSquared(CString& out) const;
     static void StringifyRSquared(const double& rSquared, int sigFigs, CString& out);
+
+    // The record in the model file: name, data, orders and significant figures. The
+    // coefficients are not kept: a reader fits them again.
+    virtual void Write(FileIO::CDataFile& file) const;
+    virtual void Read(FileIO::CDataFile& file, int generation);
+
+    // The same name, data, orders and figures; coefficients follow from these.
+    bool SameSurface(const CSurfacePolynomial& o) const;
 
   private:
     CString m_name;

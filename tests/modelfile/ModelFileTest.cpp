@@ -441,6 +441,8 @@ TEST(ModelFile, HelpersStandInTheFileOrderWithTheirKeys) {
         {200014, L"Displacement Grids"},
         {202010, L"Tunnels"},
         {202020, L"Mine Seams"},
+        {202040, L"Vertical Ground Movement Curves"},
+        {202050, L"Horizontal Ground Movement Curves"},
         {202110, L"Graphic Settings"},
         {202290, L"ReEntrantCornerOptions"},
         {202220, L"Polylines"},
@@ -456,4 +458,34 @@ TEST(ModelFile, HelpersStandInTheFileOrderWithTheirKeys) {
     EXPECT_EQ(helpers.KeyFromHelpers(L"Tunnels")->GetDataBinary(), 10);
     EXPECT_EQ(helpers.KeyFromHelpers(L"Mine Seams")->GetDataBinary(), 4);
     EXPECT_EQ(helpers.KeyFromHelpers(L"Bridges"), nullptr);
+}
+
+// Only the user's curves reach the file; they come back behind the standard curves, at
+// the same numbers, refitted, and a curve the fit refuses loads all the same.
+TEST(ModelFile, UserCurvesFollowTheStandardOnes) {
+    using GeoGlobal::eHorizontal;
+    using GeoGlobal::eVertical;
+    ZorvoData doc;
+    CGMCurve settlement(true, eVertical, CGMCurve::ePolynomial, L"Basement settlement");
+    settlement.SetDataCoords({{0, 0, 0.3}, {1, 0, 0.2}, {2, 0, 0}});
+    settlement.SetYOrder(0);
+    settlement.CalculateCoeffs();
+    doc.SetGMCurve(eVertical, 17, settlement);
+    CGMCurve empty(true, eHorizontal, CGMCurve::ePolynomial, L"No points yet");
+    doc.SetGMCurve(eHorizontal, 14, empty);
+    CGMCurve scattered(true, eHorizontal, CGMCurve::eLinear, L"Scattered");
+    scattered.SetDataCoords({{0, 0, 0.1}, {1, 0, 0}, {0, 1, 0.05}});
+    doc.SetGMCurve(eHorizontal, 15, scattered);
+
+    for (auto form : {CDataFile::eJson, CDataFile::eBinary}) {
+        const std::string text = ZorvoModelFile::Write(doc, form).Contents();
+        EXPECT_EQ(text.find("CIRIA"), std::string::npos); // no standard curve is written
+        const ZorvoData back = RoundTrip(doc, form);
+        EXPECT_TRUE(back == doc);
+        ASSERT_EQ(back.NumGMCurves(eVertical), 17);
+        ASSERT_EQ(back.NumGMCurves(eHorizontal), 15);
+        EXPECT_EQ(back.GetGMCurve(eVertical, 17).GetCoeffs(), settlement.GetCoeffs());
+        EXPECT_TRUE(back.GetGMCurve(eHorizontal, 14).GetCoeffs().empty());
+        EXPECT_EQ(back.GetGMCurve(eHorizontal, 15).GetInterpolationMethod(), CGMCurve::eLinear);
+    }
 }
