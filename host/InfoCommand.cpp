@@ -4,6 +4,43 @@ namespace Tevra {
 
 using namespace Data;
 
+namespace {
+
+// The user's curves and the standard curves in use: method, and for a polynomial curve
+// its fitted equation and R², or why it has none.
+void PrintCurves(const ZorvoData& doc, std::ostream& out) {
+    for (GeoGlobal::EDirection d : {GeoGlobal::eHorizontal, GeoGlobal::eVertical}) {
+        for (int n = 1; n <= doc.NumGMCurves(d); ++n) {
+            const CGMCurve& c = doc.GetGMCurve(d, n);
+            if (!c.GetEditable() && !doc.IsGMCurveInUse(d, n))
+                continue;
+            out << "  " << (d == GeoGlobal::eVertical ? "vertical" : "horizontal") << " curve " << n
+                << " \"" << c.GetName().ToUtf8() << "\": "
+                << CString(CGMCurve::INTERPOLATION_METHOD_STRINGS[c.GetInterpolationMethod()])
+                       .ToUtf8();
+            if (c.GetInterpolationMethod() == CGMCurve::ePolynomial) {
+                std::vector<double> coeffs;
+                const auto code = CSurfacePolynomial::CalculateCoeffs(
+                    c.GetDataCoords(), c.GetXOrder(), c.GetYOrder(), coeffs);
+                if (code == CSurfacePolynomial::eSuccess) {
+                    CString equation, r2;
+                    c.StringifyEquation(false, equation);
+                    c.StringifyRSquared(r2);
+                    out << ", z = " << equation.ToUtf8() << ", R² = " << r2.ToUtf8();
+                } else {
+                    out << "; no fit: "
+                        << (code == CSurfacePolynomial::eTooFewPoints
+                                ? "fewer data points than its orders need"
+                                : "its points do not determine the polynomial (singular)");
+                }
+            }
+            out << '\n';
+        }
+    }
+}
+
+} // namespace
+
 int InfoCommand(HostSession& session, const std::string& file) {
     ZorvoData doc;
     if (!session.Load(file, doc))
@@ -32,6 +69,7 @@ int InfoCommand(HostSession& session, const std::string& file) {
         out << "  " << r.label << ": " << r.count << '\n';
     out << "  calculation stages: " << doc.NumStages(true, false)
         << (doc.IsSmoothingOn() ? " (with re-entrant corner smoothing)" : "") << '\n';
+    PrintCurves(doc, out);
     out << "  results: " << (doc.ResultsExist(-1) ? "yes" : "none") << '\n';
     return eExitOk;
 }

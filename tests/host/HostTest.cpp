@@ -236,7 +236,8 @@ TEST(Host, CsvTablesMatchTheLibrary) {
 }
 
 TEST(Host, EveryExampleChecksCleanAndSolves) {
-    for (const char* name : {"twin-tunnels", "subsurface", "staged-tunnels", "mine-panel"}) {
+    for (const char* name :
+         {"twin-tunnels", "subsurface", "staged-tunnels", "mine-panel", "user-curves"}) {
         const std::string path = kSource + "/examples/" + name + ".json";
         const Outcome check = Host({"check", path});
         EXPECT_EQ(check.status, 0) << name << "\n" << check.err;
@@ -244,4 +245,31 @@ TEST(Host, EveryExampleChecksCleanAndSolves) {
         EXPECT_EQ(solve.status, 0) << name << "\n" << solve.err;
         EXPECT_NE(solve.out.find("largest settlement"), std::string::npos) << name;
     }
+}
+
+// The user's curves with their method, and a polynomial one with its fitted equation and
+// R²: the least-squares quadratic through the six points of the example, worked with
+// exact fractions, is 0.121929 - 0.0773 x + 0.0112857 x², R² = 0.997930.
+TEST(Host, InfoShowsTheUsersCurves) {
+    const Outcome info = Host({"info", kSource + "/examples/user-curves.json"});
+    EXPECT_NE(info.out.find("  vertical curve 17 \"Propped basement wall, settlement (site "
+                            "monitoring)\": Polynomial Interpolation, z = 1.129e-02(x^2) - "
+                            "7.730e-02x + 1.219e-01, R² = 9.979e-01\n"),
+              std::string::npos)
+        << info.out;
+    EXPECT_NE(info.out.find("  horizontal curve 14 \"Propped basement wall, horizontal movement "
+                            "(trial panel)\": Linear Interpolation\n"),
+              std::string::npos);
+
+    const std::string dir = TempDir();
+    std::ofstream(dir + "/one-point.json")
+        << R"({"modules": [{"description": "Horizontal Ground Movement Curves", "records": [)"
+        << R"({"polynomial": {"name": "Sparse", "dataCoords": [0, 0, 1], "xOrder": 2}}]}]})";
+    const Outcome sparse = Host({"info", dir + "/one-point.json"});
+    EXPECT_EQ(sparse.status, 0);
+    EXPECT_NE(sparse.out.find("horizontal curve 14 \"Sparse\": Polynomial Interpolation; no fit: "
+                              "fewer data points than its orders need"),
+              std::string::npos)
+        << sparse.out;
+    std::system(("rm -rf '" + dir + "'").c_str());
 }
