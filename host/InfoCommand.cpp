@@ -28,8 +28,10 @@ void PrintCurves(const ZorvoData& doc, std::ostream& out) {
                     c.StringifyRSquared(r2);
                     out << ", z = " << equation.ToUtf8() << ", R² = " << r2.ToUtf8();
                 } else {
+                    const bool negative = c.GetXOrder() < 0 || c.GetYOrder() < 0;
                     out << "; no fit: "
-                        << (code == CSurfacePolynomial::eTooFewPoints
+                        << (negative ? "its orders should be 0 or more"
+                            : code == CSurfacePolynomial::eTooFewPoints
                                 ? "fewer data points than its orders need"
                                 : "its points do not determine the polynomial (singular)");
                 }

@@ -362,6 +362,32 @@ std::vector<SanityChecks::SFinding> SanityChecks::Inputs(const ZorvoData& doc) {
         f.Intervals("the number of intervals along its line", r.GetIntervalsAlongLine());
         f.Intervals("the number of intervals along its extrusion", r.GetIntervalsAlongExtrusion());
     }
+    // The user's ground movement curves: a point that is not a number, or a polynomial
+    // that cannot be fitted, leaves the curve without values wherever it is used.
+    for (GeoGlobal::EDirection d : {GeoGlobal::eHorizontal, GeoGlobal::eVertical}) {
+        for (int n = 1; n <= doc.NumGMCurves(d); ++n) {
+            const CGMCurve& c = doc.GetGMCurve(d, n);
+            if (!c.GetEditable())
+                continue;
+            RecordFindings f(
+                out, Label(d == GeoGlobal::eVertical ? "Vertical curve" : "Horizontal curve", n,
+                           c.GetName()));
+            const auto& data = c.GetDataCoords();
+            for (size_t k = 0; k < data.size(); ++k) {
+                if (!(std::isfinite(data[k].x) && std::isfinite(data[k].y) &&
+                      std::isfinite(data[k].z))) {
+                    f.Warning("data point " + std::to_string(k + 1) +
+                              " holds a value that is not a finite number; give its x, y and z");
+                    break;
+                }
+            }
+            if (c.GetInterpolationMethod() == CGMCurve::ePolynomial && !c.IsPolynomialValid())
+                f.Warning("its polynomial of x order " + std::to_string(c.GetXOrder()) +
+                          " and y order " + std::to_string(c.GetYOrder()) +
+                          " cannot be fitted to its " + std::to_string(data.size()) +
+                          " data points; give more points or lower orders");
+        }
+    }
     for (int n = 1; n <= doc.NumPolylines(); ++n) {
         const CPolylinePlus& p = doc.GetPolyline(n);
         RecordFindings f(out, Label("Polyline shape", n, p.Name()));
