@@ -18,6 +18,7 @@
 #include <cstdlib>
 #include <cstring>
 #include <fcntl.h>
+#include <functional>
 #include <limits>
 #include <random>
 #include <sys/stat.h>
@@ -227,24 +228,98 @@ struct CFdCloser {
 
 struct CDataFile::Json {
     rapidjson::Document doc;
-    // Writing: the objects open for writing, innermost last; the current module's
-    // record array.
-    std::vector<rapidjson::Value*> open;
-    rapidjson::Value* records = nullptr;
-    // Reading: the current module and the objects entered, with their paths.
+    // The current module and the objects entered, with their paths.
     int module = -1;
     const rapidjson::Value* moduleValue = nullptr;
     std::vector<std::pair<const rapidjson::Value*, std::string>> stack;
-
-    rapidjson::Document::AllocatorType& Alloc() { return doc.GetAllocator(); }
 };
 
-CDataFile::CDataFile(EForm form) : m_form(form) {
+namespace {
+
+// Bytes gathered before they go to the disk in one write (bytes).
+constexpr size_t kWriteChunk = 1 << 20;
+
+// A write to the disk that failed, with the system's reason.
+struct CWriteFailure {
+    int error;
+};
+
+// Writes all the bytes at an offset of a file, or throws CWriteFailure.
+void WriteAllAt(int fd, const char* data, size_t n, off_t at) {
+    while (n > 0) {
+        const ssize_t done = ::pwrite(fd, data, n, at);
+        if (done < 0) {
+            if (errno == EINTR)
+                continue;
+            throw CWriteFailure{errno};
+        }
+        data += done;
+        n -= static_cast<size_t>(done);
+        at += done;
+    }
+}
+
+} // namespace
+
+// The bytes of a file being written. Held whole in memory, or, when it streams to a
+// file, only those not yet written: a length known only at the end of what it measures
+// is patched in the buffer, or in the file where those bytes are already written.
+// It is also the output stream of the JSON writer.
+struct CDataFile::Out {
+    using Ch = char;
+    std::string buf;
+    int fd = -1;          // the file streamed to, or -1 in memory
+    uint64_t written = 0; // bytes already in the file, before those of buf
+
+    uint64_t Size() const { return written + buf.size(); }
+    void Append(const void* data, size_t n) {
+        buf.append(static_cast<const char*>(data), n);
+        if (buf.size() >= kWriteChunk)
+            Drain();
+    }
+    void Put(char c) {
+        buf.push_back(c);
+        if (buf.size() >= kWriteChunk)
+            Drain();
+    }
+    void Flush() {}
+    void Drain() {
+        if (fd < 0)
+            return;
+        WriteAllAt(fd, buf.data(), buf.size(), static_cast<off_t>(written));
+        written += buf.size();
+        buf.clear();
+    }
+    void Patch(uint64_t at, const void* data, size_t n) {
+        const char* p = static_cast<const char*>(data);
+        if (at < written) { // the start of it is already in the file
+            const size_t head = static_cast<size_t>(std::min<uint64_t>(n, written - at));
+            WriteAllAt(fd, p, head, static_cast<off_t>(at));
+            at += head;
+            p += head;
+            n -= head;
+        }
+        if (n > 0)
+            std::memcpy(&buf[static_cast<size_t>(at - written)], p, n);
+    }
+};
+
+struct CDataFile::JsonWriter {
+    rapidjson::PrettyWriter<Out> w;
+    explicit JsonWriter(Out& out) : w(out) { w.SetIndent(' ', 2); }
+};
+
+CDataFile::CDataFile(EForm form) : CDataFile(form, -1) {}
+
+CDataFile::CDataFile(EForm form, int fd) : m_form(form), m_out(std::make_unique<Out>()) {
+    m_out->fd = fd;
+    if (fd >= 0)
+        m_out->buf.reserve(kWriteChunk + kWriteChunk / 4);
     if (form == eJson) {
-        m_json = std::make_unique<Json>();
-        m_json->doc.SetObject();
-        rapidjson::Value modules(rapidjson::kArrayType);
-        m_json->doc.AddMember("modules", modules, m_json->Alloc());
+        m_jsonWriter = std::make_unique<JsonWriter>(*m_out);
+        m_jsonWriter->w.StartObject();
+        m_jsonWriter->w.Key("modules");
+        m_jsonWriter->w.StartArray();
     } else {
         PutBytes(kMagic, sizeof kMagic);
         PutU32(kContainerVersion);
@@ -401,73 +476,75 @@ CDataFile CDataFile::FromFile(const std::string& path) {
 
 // ---- Writing -------------------------------------------------------------------
 
-void CDataFile::PutBytes(const void* data, size_t n) {
-    m_bytes.append(static_cast<const char*>(data), n);
-}
+void CDataFile::PutBytes(const void* data, size_t n) { m_out->Append(data, n); }
 void CDataFile::PutTag(uint8_t tag) { PutBytes(&tag, 1); }
 void CDataFile::PutU32(uint32_t v) { PutBytes(&v, 4); }
 void CDataFile::PutStringBytes(const std::string& s) {
     PutU32(static_cast<uint32_t>(s.size()));
     PutBytes(s.data(), s.size());
 }
-void CDataFile::Patch32(size_t at, uint64_t length) {
+void CDataFile::Patch32(uint64_t at, uint64_t length) {
     const auto v = static_cast<uint32_t>(length);
-    std::memcpy(&m_bytes[at], &v, 4);
+    m_out->Patch(at, &v, 4);
 }
-void CDataFile::Patch64(size_t at, uint64_t length) { std::memcpy(&m_bytes[at], &length, 8); }
+void CDataFile::Patch64(uint64_t at, uint64_t length) { m_out->Patch(at, &length, 8); }
 
+// The JSON form is written event by event, as RapidJSON's writer lays out a document
+// with an indent of two: the text is that of the whole document laid out at once.
 void CDataFile::WriteModuleHeader(const CKeyParam& h) {
     if (IsJson()) {
-        auto& a = m_json->Alloc();
-        rapidjson::Value module(rapidjson::kObjectType);
-        module.AddMember("key", h.key, a);
+        auto& w = m_jsonWriter->w;
+        w.StartObject();
+        w.Key("key");
+        w.Int(h.key);
         const std::string desc = h.description.ToUtf8();
-        module.AddMember("description", rapidjson::Value(desc.c_str(), a), a);
-        module.AddMember("generation", h.generation, a);
-        module.AddMember("count", h.count, a);
-        module.AddMember("records", rapidjson::Value(rapidjson::kArrayType), a);
-        rapidjson::Value& modules = m_json->doc["modules"];
-        modules.PushBack(module, a);
-        m_json->records = &modules[modules.Size() - 1]["records"];
+        w.Key("description");
+        w.String(desc.c_str(), static_cast<rapidjson::SizeType>(desc.size()));
+        w.Key("generation");
+        w.Int(h.generation);
+        w.Key("count");
+        w.Int(h.count);
+        w.Key("records");
+        w.StartArray();
         return;
     }
     PutBytes(&h.key, 4);
     PutStringBytes(h.description.ToUtf8());
     PutBytes(&h.count, 4);
     PutBytes(&h.generation, 4);
-    m_patches.push_back(m_bytes.size());
+    m_patches.push_back(m_out->Size());
     const uint64_t zero = 0;
     PutBytes(&zero, 8);
 }
 
 void CDataFile::EndModule() {
     if (IsJson()) {
-        m_json->records = nullptr;
+        m_jsonWriter->w.EndArray();
+        m_jsonWriter->w.EndObject();
         return;
     }
-    const size_t at = m_patches.back();
+    const uint64_t at = m_patches.back();
     m_patches.pop_back();
-    Patch64(at, m_bytes.size() - at - 8);
+    Patch64(at, m_out->Size() - at - 8);
 }
 
 void CDataFile::BeginRecord(int) {
     if (IsJson()) {
-        m_json->records->PushBack(rapidjson::Value(rapidjson::kObjectType), m_json->Alloc());
-        m_json->open.assign(1, &(*m_json->records)[m_json->records->Size() - 1]);
+        m_jsonWriter->w.StartObject();
         return;
     }
-    m_patches.push_back(m_bytes.size());
+    m_patches.push_back(m_out->Size());
     PutU32(0);
 }
 
 void CDataFile::EndRecord() {
     if (IsJson()) {
-        m_json->open.clear();
+        m_jsonWriter->w.EndObject();
         return;
     }
-    const size_t at = m_patches.back();
+    const uint64_t at = m_patches.back();
     m_patches.pop_back();
-    const uint64_t length = m_bytes.size() - at - 4;
+    const uint64_t length = m_out->Size() - at - 4;
     if (length > std::numeric_limits<uint32_t>::max())
         throw CDataFileError(m_name + ": a record is too large for the binary form");
     Patch32(at, length);
@@ -476,35 +553,41 @@ void CDataFile::EndRecord() {
 void CDataFile::BeginObject(int name) {
     if (!IsJson())
         return;
-    auto& a = m_json->Alloc();
-    rapidjson::Value* parent = m_json->open.back();
-    parent->AddMember(rapidjson::StringRef(Member(name)), rapidjson::Value(rapidjson::kObjectType),
-                      a);
-    m_json->open.push_back(&(*parent)[Member(name)]);
+    m_jsonWriter->w.Key(Member(name));
+    m_jsonWriter->w.StartObject();
 }
 
 void CDataFile::EndObject() {
     if (IsJson())
-        m_json->open.pop_back();
+        m_jsonWriter->w.EndObject();
 }
 
 void CDataFile::WriteInt(int name, int value) {
     if (IsJson()) {
-        m_json->open.back()->AddMember(rapidjson::StringRef(Member(name)), value, m_json->Alloc());
+        m_jsonWriter->w.Key(Member(name));
+        m_jsonWriter->w.Int(value);
         return;
     }
     PutTag(kTagInt);
     PutBytes(&value, 4);
 }
 
+namespace {
+
+// A number of the JSON form; JSON has no numbers for the non-finite ones: they go as text.
+template <class Writer> void JsonDouble(Writer& w, double value) {
+    if (std::isfinite(value))
+        w.Double(value);
+    else
+        w.String(NonFiniteText(value));
+}
+
+} // namespace
+
 void CDataFile::WriteDouble(int name, double value) {
     if (IsJson()) {
-        auto& a = m_json->Alloc();
-        if (std::isfinite(value)) // JSON has no numbers for these: they go as text
-            m_json->open.back()->AddMember(rapidjson::StringRef(Member(name)), value, a);
-        else
-            m_json->open.back()->AddMember(rapidjson::StringRef(Member(name)),
-                                           rapidjson::StringRef(NonFiniteText(value)), a);
+        m_jsonWriter->w.Key(Member(name));
+        JsonDouble(m_jsonWriter->w, value);
         return;
     }
     PutTag(kTagDouble);
@@ -513,8 +596,8 @@ void CDataFile::WriteDouble(int name, double value) {
 
 void CDataFile::WriteBool(int name, bool value) {
     if (IsJson()) {
-        m_json->open.back()->AddMember(rapidjson::StringRef(Member(name)),
-                                       rapidjson::StringRef(value ? "YES" : "NO"), m_json->Alloc());
+        m_jsonWriter->w.Key(Member(name));
+        m_jsonWriter->w.String(value ? "YES" : "NO");
         return;
     }
     PutTag(kTagBool);
@@ -525,10 +608,8 @@ void CDataFile::WriteBool(int name, bool value) {
 void CDataFile::WriteString(int name, const CString& value) {
     const std::string utf8 = value.ToUtf8();
     if (IsJson()) {
-        auto& a = m_json->Alloc();
-        m_json->open.back()->AddMember(
-            rapidjson::StringRef(Member(name)),
-            rapidjson::Value(utf8.c_str(), static_cast<rapidjson::SizeType>(utf8.size()), a), a);
+        m_jsonWriter->w.Key(Member(name));
+        m_jsonWriter->w.String(utf8.c_str(), static_cast<rapidjson::SizeType>(utf8.size()));
         return;
     }
     PutTag(kTagString);
@@ -536,21 +617,40 @@ void CDataFile::WriteString(int name, const CString& value) {
 }
 
 void CDataFile::WriteDoubleArray(int name, const std::vector<double>& values) {
+    BeginDoubleArray(name);
+    for (double v : values)
+        PutDouble(v);
+    EndDoubleArray();
+}
+
+void CDataFile::BeginDoubleArray(int name) {
     if (IsJson()) {
-        auto& a = m_json->Alloc();
-        rapidjson::Value arr(rapidjson::kArrayType);
-        for (double v : values) {
-            if (std::isfinite(v))
-                arr.PushBack(v, a);
-            else
-                arr.PushBack(rapidjson::StringRef(NonFiniteText(v)), a);
-        }
-        m_json->open.back()->AddMember(rapidjson::StringRef(Member(name)), arr, a);
+        m_jsonWriter->w.Key(Member(name));
+        m_jsonWriter->w.StartArray();
         return;
     }
     PutTag(kTagDoubles);
-    PutU32(static_cast<uint32_t>(values.size()));
-    PutBytes(values.data(), values.size() * sizeof(double));
+    m_arrayCountAt = m_out->Size();
+    m_arrayCount = 0;
+    PutU32(0);
+}
+
+void CDataFile::PutDouble(double value) {
+    if (IsJson()) {
+        JsonDouble(m_jsonWriter->w, value);
+        return;
+    }
+    if (m_arrayCount == std::numeric_limits<uint32_t>::max())
+        throw CDataFileError(m_name + ": a list of numbers is too long for the binary form");
+    ++m_arrayCount;
+    PutBytes(&value, 8);
+}
+
+void CDataFile::EndDoubleArray() {
+    if (IsJson())
+        m_jsonWriter->w.EndArray();
+    else
+        Patch32(m_arrayCountAt, m_arrayCount);
 }
 
 void CDataFile::WriteEnum(int name, int value, const wchar_t* const* texts, int count) {
@@ -560,7 +660,24 @@ void CDataFile::WriteEnum(int name, int value, const wchar_t* const* texts, int 
         WriteInt(name, value);
 }
 
-std::string CDataFile::Contents() const {
+void CDataFile::Finish() {
+    if (m_finished)
+        return;
+    m_finished = true;
+    if (IsJson()) {
+        m_jsonWriter->w.EndArray();
+        m_jsonWriter->w.EndObject();
+        m_out->Put('\n');
+    }
+    m_out->Drain();
+}
+
+std::string CDataFile::Contents() {
+    if (m_out) {
+        Finish();
+        return m_out->buf;
+    }
+    // A file that was read.
     if (!IsJson())
         return m_bytes;
     rapidjson::StringBuffer buf;
@@ -619,10 +736,10 @@ int CreateTemporary(const std::string& folder, mode_t mode, std::string& name) {
     return -1;
 }
 
-} // namespace
-
-void CDataFile::SaveTo(const std::string& path) const {
-    const std::string bytes = Contents();
+// Writes a file through a temporary beside the target, which the writer fills through
+// the descriptor it is given (throwing CWriteFailure when the system refuses a write),
+// and renames the temporary over the target once it is on the disk.
+void SaveAtomically(const std::string& path, const std::function<void(int fd)>& write) {
     const std::string target = SaveTarget(path);
     // An existing file keeps its permissions and, where the system allows, its owner; a
     // new one gets what creating a file gives (read and write for all, less the umask).
@@ -640,22 +757,22 @@ void CDataFile::SaveTo(const std::string& path) const {
     if (fd < 0)
         throw CDataFileError(path +
                              ": cannot create a temporary file beside it: " + std::strerror(errno));
-    auto fail = [&](const char* what) {
-        const std::string reason = std::strerror(errno);
+    auto discard = [&] {
         ::close(fd);
         ::unlink(tmp.c_str());
-        throw CDataFileError(path + ": " + what + ": " + reason +
+    };
+    auto fail = [&](const char* what, int error) {
+        discard();
+        throw CDataFileError(path + ": " + what + ": " + std::strerror(error) +
                              " (the existing file is unchanged)");
     };
-    size_t done = 0;
-    while (done < bytes.size()) {
-        const ssize_t n = ::write(fd, bytes.data() + done, bytes.size() - done);
-        if (n < 0) {
-            if (errno == EINTR)
-                continue;
-            fail("cannot write the file");
-        }
-        done += static_cast<size_t>(n);
+    try {
+        write(fd);
+    } catch (const CWriteFailure& e) {
+        fail("cannot write the file", e.error);
+    } catch (...) {
+        discard();
+        throw;
     }
     if (exists) {
         // Failures here are let pass: some file systems hold no owners or permissions,
@@ -666,7 +783,7 @@ void CDataFile::SaveTo(const std::string& path) const {
         (void)::fchmod(fd, mode);
     }
     if (::fsync(fd) != 0)
-        fail("cannot flush the file to disk");
+        fail("cannot flush the file to disk", errno);
     if (::close(fd) != 0) {
         const std::string reason = std::strerror(errno);
         ::unlink(tmp.c_str());
@@ -687,6 +804,23 @@ void CDataFile::SaveTo(const std::string& path) const {
         (void)::fsync(dir);
         ::close(dir);
     }
+}
+
+} // namespace
+
+void CDataFile::SaveTo(const std::string& path) {
+    const std::string bytes = Contents();
+    SaveAtomically(path, [&](int fd) { WriteAllAt(fd, bytes.data(), bytes.size(), 0); });
+}
+
+void CDataFile::Save(const std::string& path, EForm form,
+                     const std::function<void(CDataFile&)>& writer) {
+    SaveAtomically(path, [&](int fd) {
+        CDataFile file(form, fd);
+        file.m_name = path;
+        writer(file);
+        file.Finish();
+    });
 }
 
 // ---- Reading: binary primitives -------------------------------------------------

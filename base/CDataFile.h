@@ -5,6 +5,7 @@
 #include "CString.h"
 
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <string>
 #include <vector>
@@ -29,8 +30,15 @@ class CDataFile {
   public:
     enum EForm { eBinary, eJson };
 
-    // An empty file to write, in a form.
+    // An empty file to write, in a form, held in memory.
     explicit CDataFile(EForm form);
+    // Saves a project as it is written, without holding the file in memory: the writer
+    // is given a file of the form that streams to a temporary beside the target (the end
+    // of its chain of links), which is flushed to disk and renamed over the target only
+    // once the writer is done. On any failure, of the writer, of a write to the disk or
+    // of the rename, the temporary is removed and the old file is left untouched.
+    static void Save(const std::string& path, EForm form,
+                     const std::function<void(CDataFile&)>& writer);
     // A file to read, from its bytes; the form is told by the content. The name is
     // used in messages.
     static CDataFile FromBytes(std::string bytes, const std::string& name);
@@ -60,13 +68,17 @@ class CDataFile {
     void WriteBool(int name, bool value);
     void WriteString(int name, const CString& value);
     void WriteDoubleArray(int name, const std::vector<double>& values);
+    // The same list given one number at a time, for lists too long to hold twice.
+    void BeginDoubleArray(int name);
+    void PutDouble(double value);
+    void EndDoubleArray();
     // An enumeration: its text from the table in the JSON form, its number in binary.
     void WriteEnum(int name, int value, const wchar_t* const* texts, int count);
-    // The whole file as bytes.
-    std::string Contents() const;
+    // The whole file as bytes. For a file being written, this ends the writing.
+    std::string Contents();
     // Writes the file to a temporary beside the target and renames it over the target
     // only once it is complete: a failed save leaves the old file untouched.
-    void SaveTo(const std::string& path) const;
+    void SaveTo(const std::string& path);
 
     // ---- Reading ----
     // The next module's header; false at the end of the file. The module's records
@@ -100,15 +112,22 @@ class CDataFile {
 
   private:
     struct Json;
+    struct Out;
+    struct JsonWriter;
 
     CDataFile() = default;
+    // A file to write that streams to an open file descriptor.
+    CDataFile(EForm form, int fd);
+    // Ends the writing: closes the JSON form's outer object and sends what is left of
+    // the file to the disk.
+    void Finish();
     // Binary helpers.
     void PutBytes(const void* data, size_t n);
     void PutTag(uint8_t tag);
     void PutU32(uint32_t v);
     void PutStringBytes(const std::string& s);
-    void Patch32(size_t at, uint64_t length);
-    void Patch64(size_t at, uint64_t length);
+    void Patch32(uint64_t at, uint64_t length);
+    void Patch64(uint64_t at, uint64_t length);
     size_t Limit() const;
     void Need(size_t n, const char* what) const;
     uint8_t GetU8();
@@ -132,13 +151,19 @@ class CDataFile {
     size_t m_recordEnd = 0;
     bool m_inModule = false;
     bool m_inRecord = false;
-    std::vector<size_t> m_patches; // where pending lengths go, while writing
+    std::vector<uint64_t> m_patches; // where pending lengths go, while writing
+    uint64_t m_arrayCountAt = 0;     // where the length of a list given number by number goes
+    uint32_t m_arrayCount = 0;
     CString m_moduleDescription;
     int m_moduleCount = 0;
     int m_record = -1;
     int m_field = 0;
-    // JSON state.
+    // JSON state, reading.
     std::unique_ptr<Json> m_json;
+    // Writing: the bytes not yet on the disk, and the JSON form's writer over them.
+    std::unique_ptr<Out> m_out;
+    std::unique_ptr<JsonWriter> m_jsonWriter;
+    bool m_finished = false;
 };
 
 } // namespace Tevra::FileIO

@@ -58,33 +58,35 @@ std::vector<std::pair<int, int>> RecordsWithResults(const ZorvoData& doc) {
     return out;
 }
 
+// The samples go to the file one number at a time: a grid's list, 104 bytes a sample,
+// is never held a second time.
 void WriteResults(const ZorvoData& doc, CDataFile& f, std::pair<int, int> which) {
     const CDisplacementData& data = DisplacementRecord(doc, which.first, which.second);
-    std::vector<double> values;
+    f.WriteInt(jnFamily, which.first);
+    f.WriteInt(jnRecord, which.second);
+    f.WriteInt(jnStages, static_cast<int>(data.AllResults().size()));
+    f.BeginDoubleArray(jnSamples);
     for (const auto& stage : data.AllResults()) {
         // A stage without samples is written 0 x 0 whatever positions it was sized for:
         // the reader refuses positions that hold nothing.
         const size_t second = stage.empty() ? 0 : stage[0].size();
         const size_t first = second ? stage.size() : 0;
-        values.push_back(static_cast<double>(first));
-        values.push_back(static_cast<double>(second));
+        f.PutDouble(static_cast<double>(first));
+        f.PutDouble(static_cast<double>(second));
         for (const auto& row : stage) {
             for (const GeoDispResult& r : row) {
                 const Vec3<double>& p = r.GetPoint();
-                values.insert(
-                    values.end(),
-                    {p.x, p.y, p.z, r.GetXdisplacement(), r.GetYdisplacement(),
-                     r.GetZdisplacement(), r.GetMajorPrincipalStrain(), r.GetMinorPrincipalStrain(),
-                     r.GetPrincipalStrainAngle(), static_cast<double>(r.GetPointType()),
-                     static_cast<double>(r.GetPointGroup()),
-                     static_cast<double>(r.GetImportMatch()), r.Name().IsEmpty() ? 0.0 : 1.0});
+                for (double v :
+                     {p.x, p.y, p.z, r.GetXdisplacement(), r.GetYdisplacement(),
+                      r.GetZdisplacement(), r.GetMajorPrincipalStrain(),
+                      r.GetMinorPrincipalStrain(), r.GetPrincipalStrainAngle(),
+                      static_cast<double>(r.GetPointType()), static_cast<double>(r.GetPointGroup()),
+                      static_cast<double>(r.GetImportMatch()), r.Name().IsEmpty() ? 0.0 : 1.0})
+                    f.PutDouble(v);
             }
         }
     }
-    f.WriteInt(jnFamily, which.first);
-    f.WriteInt(jnRecord, which.second);
-    f.WriteInt(jnStages, static_cast<int>(data.AllResults().size()));
-    f.WriteDoubleArray(jnSamples, values);
+    f.EndDoubleArray();
 }
 
 // The family and number of a displacement record as an engineer names it.

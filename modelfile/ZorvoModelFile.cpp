@@ -23,18 +23,23 @@ CDataFile::EForm ZorvoModelFile::FormForPath(const std::string& path) {
                                 "(binary form)");
 }
 
-CDataFile ZorvoModelFile::Write(const ZorvoData& doc, CDataFile::EForm form) {
-    CDataFile file(form);
+void ZorvoModelFile::WriteModules(const ZorvoData& doc, CDataFile& file) {
     ZorvoData& writable = const_cast<ZorvoData&>(doc); // the helpers only read while writing
     ZorvoDataHelpers helpers(writable);
     for (const auto& h : helpers.Helpers())
         if (h->CanWrite())
             h->WriteData(file);
+}
+
+CDataFile ZorvoModelFile::Write(const ZorvoData& doc, CDataFile::EForm form) {
+    CDataFile file(form);
+    WriteModules(doc, file);
     return file;
 }
 
 void ZorvoModelFile::Save(const std::string& path, const ZorvoData& doc) {
-    Write(doc, FormForPath(path)).SaveTo(path);
+    // Streamed record by record: the file is never whole in memory.
+    CDataFile::Save(path, FormForPath(path), [&](CDataFile& file) { WriteModules(doc, file); });
 }
 
 void ZorvoModelFile::Read(CDataFile& file, ZorvoData& doc, std::vector<std::string>* notes) {

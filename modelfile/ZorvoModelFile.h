@@ -14,9 +14,12 @@ class ZorvoModelFile {
     // Form told by the file name: ".json" is the JSON form, ".zorvo" the binary one.
     static CDataFile::EForm FormForPath(const std::string& path);
 
-    // The project as a file of that form.
+    // The project as a file of that form, in memory.
     static CDataFile Write(const Data::ZorvoData& doc, CDataFile::EForm form);
-    // Saves beside the target and renames over it only when complete.
+    // Writes the project's modules to a file.
+    static void WriteModules(const Data::ZorvoData& doc, CDataFile& file);
+    // Saves beside the target, writing as it goes, and renames over it only when
+    // complete.
     static void Save(const std::string& path, const Data::ZorvoData& doc);
 
     // Reads a project; throws CDataFileError and leaves doc as it was on any fault.

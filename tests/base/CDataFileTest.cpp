@@ -3,10 +3,12 @@
 
 #include <gtest/gtest.h>
 
+#include <csignal>
 #include <cstdio>
 #include <dirent.h>
 #include <fcntl.h>
 #include <fstream>
+#include <sys/resource.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -163,4 +165,66 @@ TEST(CDataFile, SaveKeepsLinksAndPermissions) {
     EXPECT_EQ(Mode(longName), 0644u);
     EXPECT_EQ(ReadFileError(longName), "");
     EXPECT_EQ(dir.Entries(), 4); // no temporary left behind
+}
+
+TEST(CDataFile, FailedStreamingSaveLeavesTheOldFileUntouched) {
+    TempFolder dir;
+    const std::string file = dir.path + "/project.zorvo";
+    WriteText(file, "old");
+    // A million numbers: 8 MB, written to the disk as they come.
+    auto bigList = [](CDataFile& f) {
+        CKeyParam header;
+        header.key = 1;
+        header.count = 1;
+        header.description = L"Results";
+        f.WriteModuleHeader(header);
+        f.BeginRecord(0);
+        f.BeginDoubleArray(0);
+        for (int k = 0; k < 1000000; ++k)
+            f.PutDouble(k);
+        f.EndDoubleArray();
+        f.EndRecord();
+        f.EndModule();
+    };
+
+    // The system refuses a write half-way through: a file may grow to 4 MB only.
+    struct rlimit old {};
+    ASSERT_EQ(getrlimit(RLIMIT_FSIZE, &old), 0);
+    void (*oldSignal)(int) = signal(SIGXFSZ, SIG_IGN); // a refused write is an error, not a signal
+    struct rlimit small = old;
+    small.rlim_cur = 4 << 20;
+    ASSERT_EQ(setrlimit(RLIMIT_FSIZE, &small), 0);
+    std::string message;
+    try {
+        CDataFile::Save(file, CDataFile::eBinary, bigList);
+    } catch (const CDataFileError& e) {
+        message = e.what();
+    }
+    setrlimit(RLIMIT_FSIZE, &old);
+    signal(SIGXFSZ, oldSignal);
+    EXPECT_EQ(message,
+              file + ": cannot write the file: File too large (the existing file is unchanged)");
+    EXPECT_EQ(ReadText(file), "old");
+    EXPECT_EQ(dir.Entries(), 1); // no temporary left behind
+
+    // A writer that fails of itself, after some records have reached the disk.
+    EXPECT_THROW(CDataFile::Save(file, CDataFile::eJson,
+                                 [&](CDataFile& f) {
+                                     bigList(f);
+                                     f.Fail("the project is not complete");
+                                 }),
+                 CDataFileError);
+    EXPECT_EQ(ReadText(file), "old");
+    EXPECT_EQ(dir.Entries(), 1);
+
+    // Once the system lets it, the same save streams the whole list.
+    CDataFile::Save(file, CDataFile::eBinary, bigList);
+    CDataFile back = CDataFile::FromFile(file);
+    CKeyParam header;
+    ASSERT_TRUE(back.NextModule(header));
+    back.BeginReadRecord(0);
+    std::vector<double> values;
+    back.ReadDoubleArray(0, values);
+    ASSERT_EQ(values.size(), 1000000u);
+    EXPECT_EQ(values.back(), 999999.0);
 }
