@@ -26,10 +26,10 @@ constexpr double kResultShareOfMemory = 0.8;
 // A sample's store: the record, its row's vector and the allocator's overhead (bytes).
 constexpr double kBytesPerSample = sizeof(GeoDispResult) + 40.0;
 // Memory a save takes per sample while it writes (bytes), measured on a solved grid of
-// half a million samples: the JSON form builds its whole document, about 1,630 bytes a
-// sample; the binary form its buffer, about 210.
-constexpr double kJsonSaveBytesPerSample = 1630.0;
-constexpr double kBinarySaveBytesPerSample = 210.0;
+// 491,401 samples: either form streams to the disk through a buffer of about 1 MB, whatever
+// the size of the project, which came to about 2 bytes a sample in both forms.
+constexpr double kJsonSaveBytesPerSample = 2.0;
+constexpr double kBinarySaveBytesPerSample = 2.0;
 // Point movements one core works out in a second, a tunnel at a point each; one mine
 // at a point samples 2,400 ring sectors, about a hundred times the work.
 constexpr double kEvaluationsPerCoreSecond = 1e7;
@@ -414,7 +414,6 @@ std::vector<SanityChecks::SFinding> SanityChecks::RunSize(const ZorvoData& doc, 
     const std::string what = save == eJsonSave     ? " of results and their JSON save, "
                              : save == eBinarySave ? " of results and their save, "
                                                    : " of results, ";
-    const std::string orBinary = save == eJsonSave ? ", or save in the binary form (.zorvo)" : "";
     const double stages = doc.NumStages(true, false);
     const double limit = memoryBytes * kResultShareOfMemory;
     const std::string memory =
@@ -432,7 +431,7 @@ std::vector<SanityChecks::SFinding> SanityChecks::RunSize(const ZorvoData& doc, 
             out.push_back({true, DisplacementLabel(doc, d) + " has " + Scientific(samples) +
                                      " samples in " + Stages(stages) + ": about " +
                                      SystemMemory::Describe(bytes) + what + memory +
-                                     "; reduce its intervals" + orBinary});
+                                     "; reduce its intervals"});
         }
     }
     const double bytes = total * stages * perSample;
@@ -440,8 +439,7 @@ std::vector<SanityChecks::SFinding> SanityChecks::RunSize(const ZorvoData& doc, 
         refused = true;
         out.push_back({true, "The displacement records have " + Scientific(total) + " samples in " +
                                  Stages(stages) + ": about " + SystemMemory::Describe(bytes) +
-                                 what + memory + "; reduce their intervals or the stages" +
-                                 orBinary});
+                                 what + memory + "; reduce their intervals or the stages"});
     }
 
     const bool mines = doc.GetGeneral().GetProblemType() == eMine;
