@@ -20,6 +20,10 @@ namespace Tevra {
 //   35/36 ground movement curve preparation begins/ends; 37/38 triangulation
 //   begins/ends; 40 points, 41 lines, 42 polylines, 43 grids of the stage begin;
 //   44 to 53 the building, utility and rail families of the stage begin.
+//
+// Every sample the solver stores carries its record's point type; a sample that a
+// cancelled run never reached keeps the fresh sample's none, and the result tables
+// leave it out by that.
 class ZorvoSolver {
   public:
     using CancelTest = std::function<bool()>;
