@@ -9,7 +9,8 @@
 namespace Tevra {
 
 // The displacement results as comma-separated tables, one per family of displacement
-// records, one row per sample: calculation stage and its name, record number and name,
+// records, one row per calculated sample (a cancelled run leaves samples it never
+// reached out of the tables): calculation stage and its name, record number and name,
 // position along and across the record, coordinates (m), displacements (mm) and
 // principal strains with their angle (radians).
 class CDisplacementCsv {

@@ -3,8 +3,13 @@
 #include "base/CPolylineCursor.h"
 #include "solver/ZorvoCal.h"
 
+#include <omp.h>
+
+#include <algorithm>
 #include <cmath>
 #include <cwchar>
+#include <memory>
+#include <vector>
 
 namespace Tevra {
 
@@ -19,6 +24,19 @@ constexpr double kMmToM = 0.001;
 // Samples of a grid row between two cancellation tests, so that a row of millions of
 // samples can be stopped too.
 constexpr int kRowCancelStride = 4096;
+
+// floor(total part / parts) without forming total part, which may not fit.
+long long Share(long long total, long long part, long long parts) {
+    return total / parts * part + total % parts * part / parts;
+}
+
+long long CeilDiv(long long a, long long b) { return (a + b - 1) / b; }
+
+// The name a run of rows gives its samples. A record that one thread calculates whole
+// lends its own name, so that all its samples share one text; a record shared between
+// threads gives each run a copy of its own, so that the threads do not contend for the
+// one count of users of the record's text at every sample.
+CString RunName(const CString& name, bool whole) { return whole ? name : CString(name.Str()); }
 
 } // namespace
 
@@ -80,25 +98,76 @@ int ZorvoSolver::TickStep(int count) {
     return step < 2 ? 1 : step;
 }
 
-template <class Body>
-void ZorvoSolver::FamilyLoop(long long code, int stage, int count, bool zeroBased, Body body) {
+template <class Shape, class Body>
+void ZorvoSolver::FamilyLoop(long long code, int stage, int count, bool zeroBased, Shape shape,
+                             Body body) {
     if (count > 0)
         SendStageMsg(code, stage);
     const int step = TickStep(count);
     const int first = zeroBased ? 0 : 1;
-    const int last = zeroBased ? count - 1 : count;
-    // A parallel loop must run out: a cancelled run lets its remaining iterations
-    // fall through empty.
-#pragma omp parallel for schedule(static)
-    for (int i = first; i <= last; ++i) {
-        if (LoopCancelled())
-            continue;
-        if (!body(i))
-            continue;
+    const size_t n = static_cast<size_t>(std::max(count, 0));
+
+    // Every object takes at least one row, so that some thread meets it and ticks it
+    // even when it has nothing to calculate. A row weighs its samples; start[k] is the
+    // weight of the objects before object k.
+    std::vector<SObjectRows> objects(n);
+    std::vector<long long> start(n + 1, 0);
+    // Rows still to be finished of each object, counted down by the runs of the threads
+    // that share it, so that the run that finishes it last sends its tick.
+    std::unique_ptr<std::atomic<int>[]> left(new std::atomic<int>[n]);
+    auto slots = [&objects](size_t k) { return std::max(objects[k].rows, 1); };
+    for (size_t k = 0; k < n; ++k) {
+        objects[k] = shape(first + static_cast<int>(k));
+        objects[k].columns = std::max(objects[k].columns, 1);
+        start[k + 1] = start[k] + static_cast<long long>(slots(k)) * objects[k].columns;
+        left[k].store(slots(k), std::memory_order_relaxed);
+    }
+    const long long total = start[n];
+
+    // Rows [r0, r1) of object k, and its tick if they finish it.
+    auto run = [&](size_t k, int r0, int r1) {
+        const SObjectRows& o = objects[k];
+        if (!o.wanted)
+            return;
+        const int i = first + static_cast<int>(k);
+        int done = 0;
+        if (o.rows == 0)
+            done = LoopCancelled() ? 0 : 1;
+        else
+            done = body(i, r0, r1);
+        // A cancelled object is never finished and never ticks.
+        if (done < r1 - r0)
+            return;
+        const bool whole = r0 == 0 && r1 == slots(k);
+        if (!whole && left[k].fetch_sub(done, std::memory_order_acq_rel) != done)
+            return;
         const int number = zeroBased ? i + 1 : i;
         if (number % step == 0) {
 #pragma omp critical(ZorvoSolverTick)
             SendMsg(nullptr, 0);
+        }
+    };
+
+    // Static schedule: thread t takes the rows that start within its equal share
+    // [lo, hi) of the samples, in order. Once cancelled, a thread's runs fall through.
+#pragma omp parallel
+    {
+        const long long threads = omp_get_num_threads();
+        const long long t = omp_get_thread_num();
+        const long long lo = Share(total, t, threads);
+        const long long hi = Share(total, t + 1, threads);
+        if (lo < hi) {
+            size_t k = static_cast<size_t>(std::upper_bound(start.begin(), start.end(), lo) -
+                                           start.begin()) -
+                       1;
+            long long r = CeilDiv(lo - start[k], objects[k].columns);
+            for (; k < n && start[k] + r * objects[k].columns < hi; ++k, r = 0) {
+                if (r >= slots(k))
+                    continue;
+                const long long end =
+                    std::min<long long>(slots(k), CeilDiv(hi - start[k], objects[k].columns));
+                run(k, static_cast<int>(r), static_cast<int>(end));
+            }
         }
     }
 }
@@ -163,10 +232,13 @@ void ZorvoSolver::CalcGroundMovements_All(int stage) {
 
 void ZorvoSolver::CalcGroundMovements_DisplacementPoints(int stage) {
     ZorvoData& doc = *m_doc;
-    FamilyLoop(40, stage, doc.NumDisplacementPoints(false), false, [&](int i) {
+    auto shape = [&doc](int i) {
+        return SObjectRows{doc.GetDisplacementPoint(i).GetCalculate(), 1, 1};
+    };
+    FamilyLoop(40, stage, doc.NumDisplacementPoints(false), false, shape, [&](int i, int, int) {
+        if (LoopCancelled())
+            return 0;
         const CDisplacementPoint& point = doc.GetDisplacementPoint(i);
-        if (!point.GetCalculate())
-            return false;
         GeoDispResult result;
         result.SetPoint(point.GetPoint());
         result.SetName(point.Name());
@@ -174,118 +246,135 @@ void ZorvoSolver::CalcGroundMovements_DisplacementPoints(int stage) {
         result.SetPointGroup(i);
         CalcPointResult(result, doc, stage, point.GetSurfaceType(), true);
         doc.AccessDisplacementPoint(i).SetResult(stage, 0, 0, result);
-        return true;
+        return 1;
     });
 }
 
 void ZorvoSolver::CalcGroundMovements_DisplacementLines(int stage) {
     ZorvoData& doc = *m_doc;
     const int group0 = doc.NumDisplacementPoints(false);
-    FamilyLoop(41, stage, doc.NumDisplacementLines(false), false, [&](int i) {
-        CDisplacementLine& line = doc.AccessDisplacementLine(i);
-        if (!line.GetCalculate())
-            return false;
-        // Locations 0 to J, as many as the store sized for them before the run; a line
-        // whose store does not hold its locations is left alone, never written past.
-        if (!line.StoreMatches(stage))
-            return true;
-        const int positions = line.NumResults(stage);
-        for (int k = 0; k < positions; ++k) {
-            if (LoopCancelled())
-                continue;
-            GeoDispResult result;
-            result.SetName(line.Name());
-            result.SetPointType(eLine);
-            result.SetPointGroup(group0 + i);
-            CalculateLinePointResult(result, line, k, stage);
-            line.SetResult(stage, k, 0, result);
-        }
-        return true;
-    });
+    // Locations 0 to J, as many as the store sized for them before the run; a line
+    // whose store does not hold its locations is left alone, never written past.
+    auto shape = [&doc, stage](int i) {
+        const CDisplacementLine& line = doc.GetDisplacementLine(i);
+        const bool wanted = line.GetCalculate();
+        return SObjectRows{wanted, wanted && line.StoreMatches(stage) ? line.NumResults(stage) : 0,
+                           1};
+    };
+    FamilyLoop(
+        41, stage, doc.NumDisplacementLines(false), false, shape, [&](int i, int k0, int k1) {
+            CDisplacementLine& line = doc.AccessDisplacementLine(i);
+            const CString name = RunName(line.Name(), k0 == 0 && k1 == line.NumResults(stage));
+            for (int k = k0; k < k1; ++k) {
+                if (LoopCancelled())
+                    return k - k0;
+                GeoDispResult result;
+                result.SetName(name);
+                result.SetPointType(eLine);
+                result.SetPointGroup(group0 + i);
+                CalculateLinePointResult(result, line, k, stage);
+                line.SetResult(stage, k, 0, result);
+            }
+            return k1 - k0;
+        });
 }
 
 void ZorvoSolver::CalcGroundMovements_DisplacementPolylines(int stage) {
     ZorvoData& doc = *m_doc;
     const int group0 = doc.NumDisplacementPoints(false) + doc.NumDisplacementLines(false);
-    FamilyLoop(42, stage, doc.NumDisplacementPolylines(false), false, [&](int i) {
-        CDisplacementPolyline& record = doc.AccessDisplacementPolyline(i);
-        if (!record.GetCalculate())
-            return false;
-        // A reference to a missing polyline is reported by the checks; here it only
-        // leaves the record's samples fresh.
-        if (!doc.PolylineExists(record.GetPolyline()))
-            return true;
-        if (!record.StoreMatches(stage))
-            return true;
-        const CPolylinePlus& polyline = doc.GetPolyline(record.GetPolyline());
-        const int J = record.GetIntervalsAlongLine();
-        const double spacing = polyline.Len(true) / J;
-        const int positions = record.NumResults(stage); // J + 1
-        // One walk along the vertices for all the samples, which come at rising distances.
-        CPolylineCursor cursor(polyline);
-        for (int k = 0; k < positions; ++k) {
-            if (LoopCancelled())
-                continue;
-            Vec3<double> p;
-            if (cursor.PointAt(k * spacing, p) < 0)
-                continue; // a polyline of fewer than two points has no locations
-            GeoDispResult result;
-            result.SetPoint(p);
-            result.SetName(record.Name());
-            result.SetPointType(ePolyline);
-            result.SetPointGroup(group0 + i);
-            CalcPointResult(result, doc, stage, record.GetSurfaceType(), true);
-            record.SetResult(stage, k, 0, result);
-        }
-        return true;
-    });
+    // A reference to a missing polyline is reported by the checks; here it only leaves
+    // the record's samples fresh.
+    auto shape = [&doc, stage](int i) {
+        const CDisplacementPolyline& record = doc.GetDisplacementPolyline(i);
+        const bool wanted = record.GetCalculate();
+        const bool placed =
+            wanted && doc.PolylineExists(record.GetPolyline()) && record.StoreMatches(stage);
+        return SObjectRows{wanted, placed ? record.NumResults(stage) : 0, 1}; // J + 1 rows
+    };
+    FamilyLoop(
+        42, stage, doc.NumDisplacementPolylines(false), false, shape, [&](int i, int k0, int k1) {
+            CDisplacementPolyline& record = doc.AccessDisplacementPolyline(i);
+            const CPolylinePlus& polyline = doc.GetPolyline(record.GetPolyline());
+            const int J = record.GetIntervalsAlongLine();
+            const double spacing = polyline.Len(true) / J;
+            const CString name = RunName(record.Name(), k0 == 0 && k1 == record.NumResults(stage));
+            // One walk along the vertices for the run's samples, at rising
+            // distances. A cursor that starts at sample k0 walks from the first
+            // vertex to it with the same sums of segment lengths as one that came
+            // from sample 0, so each run places its samples exactly as a single
+            // walk would.
+            CPolylineCursor cursor(polyline);
+            for (int k = k0; k < k1; ++k) {
+                if (LoopCancelled())
+                    return k - k0;
+                Vec3<double> p;
+                if (cursor.PointAt(k * spacing, p) < 0)
+                    continue; // a polyline of fewer than two points has no locations
+                GeoDispResult result;
+                result.SetPoint(p);
+                result.SetName(name);
+                result.SetPointType(ePolyline);
+                result.SetPointGroup(group0 + i);
+                CalcPointResult(result, doc, stage, record.GetSurfaceType(), true);
+                record.SetResult(stage, k, 0, result);
+            }
+            return k1 - k0;
+        });
 }
 
 void ZorvoSolver::CalcGroundMovements_DisplacementGrids(int stage) {
     ZorvoData& doc = *m_doc;
     const int group0 = doc.NumDisplacementPoints(false) + doc.NumDisplacementLines(false) +
                        doc.NumDisplacementPolylines(false);
-    FamilyLoop(43, stage, doc.NumDisplacementGrids(false), false, [&](int i) {
-        CDisplacementGrid& grid = doc.AccessDisplacementGrid(i);
-        if (!grid.GetCalculate())
-            return false;
-        const Vec3<double> P1 = grid.GetPoint1();
-        const Vec3<double> P2 = grid.GetPoint2();
-        const double E = grid.GetExtrusionDistance();
-        const int A = grid.GetIntervalsAlongLine();
-        const int B = grid.GetIntervalsAlongExtrusion();
-        const EExtrusionDirection direction = grid.GetExtrusionDirection();
-        if (!grid.StoreMatches(stage))
-            return true;
-        // A + 1 rows of B + 1 samples; a store with rows holds a representable grid, so
-        // B + 1 cannot overflow there.
-        const int rows = grid.NumResults(stage);
-        const int columns = rows > 0 ? B + 1 : 0;
-        for (int a = 0; a < rows; ++a) {
-            if (LoopCancelled())
-                continue;
-            for (int b = 0; b < columns; ++b) {
-                if (b != 0 && b % kRowCancelStride == 0 && LoopCancelled())
-                    break;
-                const double across = b * E / B;
-                Vec3<double> p;
-                if (direction == eExtrudeX)
-                    p = {P1.x + across, P1.y + (P2.y - P1.y) * a / A, P1.z + (P2.z - P1.z) * a / A};
-                else if (direction == eExtrudeY)
-                    p = {P1.x + (P2.x - P1.x) * a / A, P1.y + across, P1.z + (P2.z - P1.z) * a / A};
-                else
-                    p = {P1.x + (P2.x - P1.x) * a / A, P1.y + (P2.y - P1.y) * a / A, P1.z + across};
-                GeoDispResult result;
-                result.SetPoint(p);
-                result.SetName(grid.Name());
-                result.SetPointType(eGrid);
-                result.SetPointGroup(group0 + i);
-                CalcPointResult(result, doc, stage, grid.GetSurfaceType(), true);
-                grid.SetResult(stage, a, b, result);
+    // A + 1 rows of B + 1 samples; a store with rows holds a representable grid, so
+    // B + 1 cannot overflow there.
+    auto shape = [&doc, stage](int i) {
+        const CDisplacementGrid& grid = doc.GetDisplacementGrid(i);
+        const bool wanted = grid.GetCalculate();
+        const int rows = wanted && grid.StoreMatches(stage) ? grid.NumResults(stage) : 0;
+        return SObjectRows{wanted, rows, rows > 0 ? grid.GetIntervalsAlongExtrusion() + 1 : 1};
+    };
+    FamilyLoop(
+        43, stage, doc.NumDisplacementGrids(false), false, shape, [&](int i, int a0, int a1) {
+            CDisplacementGrid& grid = doc.AccessDisplacementGrid(i);
+            const Vec3<double> P1 = grid.GetPoint1();
+            const Vec3<double> P2 = grid.GetPoint2();
+            const double E = grid.GetExtrusionDistance();
+            const int A = grid.GetIntervalsAlongLine();
+            const int B = grid.GetIntervalsAlongExtrusion();
+            const EExtrusionDirection direction = grid.GetExtrusionDirection();
+            const int columns = B + 1;
+            const CString name = RunName(grid.Name(), a0 == 0 && a1 == grid.NumResults(stage));
+            for (int a = a0; a < a1; ++a) {
+                if (LoopCancelled())
+                    return a - a0;
+                for (int b = 0; b < columns; ++b) {
+                    // A row of millions of samples is stopped within it too, and
+                    // is then left unfinished.
+                    if (b != 0 && b % kRowCancelStride == 0 && LoopCancelled())
+                        return a - a0;
+                    const double across = b * E / B;
+                    Vec3<double> p;
+                    if (direction == eExtrudeX)
+                        p = {P1.x + across, P1.y + (P2.y - P1.y) * a / A,
+                             P1.z + (P2.z - P1.z) * a / A};
+                    else if (direction == eExtrudeY)
+                        p = {P1.x + (P2.x - P1.x) * a / A, P1.y + across,
+                             P1.z + (P2.z - P1.z) * a / A};
+                    else
+                        p = {P1.x + (P2.x - P1.x) * a / A, P1.y + (P2.y - P1.y) * a / A,
+                             P1.z + across};
+                    GeoDispResult result;
+                    result.SetPoint(p);
+                    result.SetName(name);
+                    result.SetPointType(eGrid);
+                    result.SetPointGroup(group0 + i);
+                    CalcPointResult(result, doc, stage, grid.GetSurfaceType(), true);
+                    grid.SetResult(stage, a, b, result);
+                }
             }
-        }
-        return true;
-    });
+            return a1 - a0;
+        });
 }
 
 void ZorvoSolver::CalcPointResult(GeoDispResult& result, const ZorvoData& doc, int stage,

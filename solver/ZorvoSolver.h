@@ -20,6 +20,10 @@ namespace Tevra {
 //   35/36 ground movement curve preparation begins/ends; 37/38 triangulation
 //   begins/ends; 40 points, 41 lines, 42 polylines, 43 grids of the stage begin;
 //   44 to 53 the building, utility and rail families of the stage begin.
+//
+// Every sample the solver stores carries its record's point type; a sample that a
+// cancelled run never reached keeps the fresh sample's none, and the result tables
+// leave it out by that.
 class ZorvoSolver {
   public:
     using CancelTest = std::function<bool()>;
@@ -48,14 +52,29 @@ class ZorvoSolver {
     void SendMsg(const wchar_t* text, long long code) const;
     void SendStageMsg(long long code, int stage) const;
     bool CheckCancel();
-    // The cancel test as every loop iteration runs it: true means skip the object.
+    // The cancel test as every row of a family loop runs it: true means stop the run.
     bool LoopCancelled();
 
-    // The frame shared by the family loops: the family's message, a static-scheduled
-    // parallel loop over objects first to last, the cancel test per object, and a tick
-    // every step objects. body(i) answers false for an object it skipped unticked.
-    template <class Body>
-    void FamilyLoop(long long code, int stage, int count, bool zeroBased, Body body);
+    // How one object of a family is shared out: whether it is wanted at all (an object
+    // that is not sends no tick), and its rows of samples, each row a unit of work with a
+    // cancel test before it. A row of a grid holds the samples across it; a line or a
+    // polyline has one sample a row.
+    struct SObjectRows {
+        bool wanted = false;
+        int rows = 0;    // none for an object that has nothing to calculate
+        int columns = 1; // samples a row
+    };
+
+    // The frame shared by the family loops: the family's message, then the rows of all
+    // its objects, first object to last, shared out between the threads in contiguous
+    // runs of about equal numbers of samples (a static schedule, one run a thread), so
+    // that the samples of one large object keep every thread busy. shape(i) answers an
+    // object's SObjectRows; body(i, firstRow, endRow) calculates rows [firstRow, endRow)
+    // of object i, tests the cancel test before each row and answers how many rows it
+    // finished. An object ticks, as the frame counts ticks, once all its rows are done,
+    // from whichever thread finishes its last run.
+    template <class Shape, class Body>
+    void FamilyLoop(long long code, int stage, int count, bool zeroBased, Shape shape, Body body);
 
     // Triangulates the ground movement curves a run interpolates over depth as well as
     // distance, each on a copy that then replaces the document's curve.

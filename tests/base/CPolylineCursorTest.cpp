@@ -43,6 +43,13 @@ TEST(CPolylineCursor, SamplesExactlyAsPointAt) {
                 same(reused, k * (total / J));
             }
         }
+        // A cursor made at any sample and walked on from there, as a thread's share of a
+        // polyline's samples walks, gives the same points.
+        for (int k0 : {1, 2, 499, 996, 997}) {
+            CPolylineCursor cursor(*polyline);
+            for (int k = k0; k <= 997; ++k)
+                same(cursor, k * (total / 997));
+        }
         // A vertex, the end slack either side, and distances out of order or not numbers.
         CPolylineCursor cursor(*polyline);
         for (double d : {5.0, total * (1.0 + 0.5e-9), total * (1.0 + 2e-9), 2.0, -1e-12,

@@ -1,7 +1,12 @@
 #include "export/CDisplacementCsv.h"
 
+#include "base/CLodraZorvoPrefData.h"
+#include "solver/ZorvoSolver.h"
+#include "tests/solver/PointMovement.h"
+
 #include <gtest/gtest.h>
 
+#include <atomic>
 #include <cmath>
 #include <limits>
 #include <sstream>
@@ -18,6 +23,7 @@ TEST(CDisplacementCsv, NumbersInFullAndNonFiniteSpelledOneWay) {
     doc.SetDisplacementPoint(1, point);
     doc.ResizeResultsAndSetupTransects();
     GeoDispResult r;
+    r.SetPointType(ePoint);
     r.SetPoint({1.2345e70, -0.00005, 2.5});
     r.SetXdisplacement(-std::numeric_limits<double>::quiet_NaN());
     r.SetYdisplacement(-std::numeric_limits<double>::infinity());
@@ -37,4 +43,44 @@ TEST(CDisplacementCsv, NumbersInFullAndNonFiniteSpelledOneWay) {
     EXPECT_EQ(row.substr(x + 71, 5), ".0000"); // 71 digits, then the decimals
     // -0.00005 is held as a binary value just beyond it, so 4 places give -0.0001.
     EXPECT_EQ(row.substr(comma), ",-0.0001,2.5000,nan,-inf,12.345679,inf,-1.23456789e-07,nan\n");
+}
+
+// Samples a cancelled run never reached have no rows: they once came out as zeros at
+// (0, 0, 0), as if calculated.
+TEST(CDisplacementCsv, SamplesNeverCalculatedAreLeftOut) {
+    // A grid of 20 rows of 11 samples, (10 to 20, 5 to 24, 20) m, away from the origin.
+    // The cancel test answers false 3 times: 3 rows of 11 samples are calculated.
+    ZorvoData doc;
+    doc.SetTunnel(1, Testing::LongTunnel());
+    CDisplacementGrid g;
+    g.SetName(L"G");
+    g.SetPoint1({10.0, 5.0, 20.0});
+    g.SetPoint2({10.0, 24.0, 20.0});
+    g.SetExtrusionDirection(eExtrudeX);
+    g.SetExtrusionDistance(10.0);
+    g.SetIntervalsAlongLine(19);
+    g.SetIntervalsAlongExtrusion(10);
+    doc.SetDisplacementGrid(1, g);
+    std::atomic<int> calls{0};
+    CLodraZorvoPrefData prefs;
+    ZorvoSolver solver(&doc, &prefs, nullptr, [&calls] { return ++calls > 3; });
+    ASSERT_TRUE(solver.Solve());
+    ASSERT_TRUE(solver.WasCancelled());
+
+    std::ostringstream out;
+    CDisplacementCsv::WriteFamily(doc, eGrid, out);
+    std::istringstream rows(out.str());
+    std::string row;
+    int n = 0;
+    while (std::getline(rows, row)) {
+        ++n;
+        // stage 0, record 1 "G", then the row of the grid: one that was calculated.
+        const size_t position = row.find(",G,") + 3;
+        const int a = std::stoi(row.substr(position));
+        const int b = std::stoi(row.substr(row.find(',', position) + 1));
+        EXPECT_EQ(doc.GetDisplacementGrid(1).GetResultFromPosition(0, a, b).GetPointType(), eGrid)
+            << row;
+        EXPECT_EQ(row.find(",0.0000,0.0000,0.0000,"), std::string::npos) << row;
+    }
+    EXPECT_EQ(n, 3 * 11);
 }

@@ -361,8 +361,50 @@ TEST(ZorvoSolver, WhereTheSamplesAre) {
     }
 }
 
+namespace {
+
+struct RestoreThreads {
+    int saved = omp_get_max_threads();
+    ~RestoreThreads() { omp_set_num_threads(saved); }
+};
+
+// Every stored field of every sample of the displacement records, numbers as their bits.
+std::vector<unsigned char> Samples(const ZorvoData& d) {
+    std::vector<unsigned char> bytes;
+    auto add = [&bytes](const void* p, size_t n) {
+        const auto* c = static_cast<const unsigned char*>(p);
+        bytes.insert(bytes.end(), c, c + n);
+    };
+    for (int n = 1; n <= d.NumDisplacementData(); ++n) {
+        for (const auto& stage : d.GetDisplacementData(n).AllResults()) {
+            for (const auto& row : stage) {
+                for (const GeoDispResult& r : row) {
+                    const double v[] = {r.GetPoint().x,
+                                        r.GetPoint().y,
+                                        r.GetPoint().z,
+                                        r.GetXdisplacement(),
+                                        r.GetYdisplacement(),
+                                        r.GetZdisplacement(),
+                                        r.GetMajorPrincipalStrain(),
+                                        r.GetMinorPrincipalStrain(),
+                                        r.GetPrincipalStrainAngle()};
+                    const int w[] = {r.GetPointType(), r.GetPointGroup(), r.GetImportMatch()};
+                    add(v, sizeof v);
+                    add(w, sizeof w);
+                    add(r.Name().GetString(), sizeof(wchar_t) * size_t(r.Name().GetLength()));
+                }
+            }
+        }
+    }
+    return bytes;
+}
+
+} // namespace
+
 TEST(ZorvoSolver, SameResultsWithAnyNumberOfThreads) {
-    // 61 x 61 samples over two crossing tunnels, in the base model and one stage.
+    // A grid of 401 x 401 samples and a polyline of 30001 samples over two crossing
+    // tunnels, in the base model and one stage, beside 40 points: the threads share the
+    // samples of each large record and the points between them.
     ZorvoData doc;
     doc.SetTunnel(1, LongTunnel());
     GeoTunnel cross = LongTunnel();
@@ -377,54 +419,105 @@ TEST(ZorvoSolver, SameResultsWithAnyNumberOfThreads) {
     second.SetTunnels(two);
     doc.SetStage(1, second);
     CDisplacementGrid g;
+    g.SetName(L"G");
     g.SetPoint1({-30.0, -30.0, 20.0});
     g.SetPoint2({30.0, -30.0, 20.0});
     g.SetExtrusionDistance(60.0);
-    g.SetIntervalsAlongLine(60);
-    g.SetIntervalsAlongExtrusion(60);
+    g.SetIntervalsAlongLine(400);
+    g.SetIntervalsAlongExtrusion(400);
     doc.SetDisplacementGrid(1, g);
+    // A zigzag of 12 vertices with segments of awkward lengths, some climbing.
+    CPolylinePlus zigzag;
+    for (int v = 0; v < 12; ++v)
+        zigzag.SetPoint(v, {-40.0 + 7.3 * v, (v % 2 ? 11.0 : -9.0) + 0.1 * v, 20.0 + 0.7 * v});
+    doc.SetPolyline(1, zigzag);
+    CDisplacementPolyline dp;
+    dp.SetName(L"Z");
+    dp.SetPolyline(1);
+    dp.SetIntervalsAlongLine(30000);
+    doc.SetDisplacementPolyline(1, dp);
     for (int n = 1; n <= 40; ++n)
         doc.SetDisplacementPoint(n, PointAt(n - 20.0, 0.5 * n, 15.0));
 
-    auto values = [](const ZorvoData& d) {
-        std::vector<double> v;
-        auto add = [&v](const GeoDispResult& r) {
-            for (double x : {r.GetXdisplacement(), r.GetYdisplacement(), r.GetZdisplacement(),
-                             r.GetMajorPrincipalStrain(), r.GetMinorPrincipalStrain(),
-                             r.GetPrincipalStrainAngle()})
-                v.push_back(x);
-        };
-        for (int s = 0; s < 2; ++s) {
-            for (const auto& row : d.GetDisplacementGrid(1).GetResults(s))
-                for (const GeoDispResult& r : row)
-                    add(r);
-            for (int n = 1; n <= d.NumDisplacementPoints(false); ++n)
-                add(d.GetDisplacementPoint(n).GetResultFromPosition(s, 0, 0));
-        }
-        return v;
-    };
-
-    struct RestoreThreads {
-        int saved = omp_get_max_threads();
-        ~RestoreThreads() { omp_set_num_threads(saved); }
-    } restore;
-    std::vector<double> reference;
-    for (int threads : {1, 2, 4}) {
+    RestoreThreads restore;
+    std::vector<unsigned char> reference;
+    std::string referenceTrace;
+    for (int threads : {1, 2, 8}) {
         omp_set_num_threads(threads);
         ZorvoData run = doc;
-        Solve(run);
-        const std::vector<double> v = values(run);
+        // The same messages and ticks: each record ticks once, whichever thread ends it.
+        const std::string trace = Solve(run);
+        const std::vector<unsigned char> bytes = Samples(run);
         if (reference.empty()) {
-            reference = v;
-            ASSERT_EQ(reference.size(), 2u * (61 * 61 + 40) * 6);
+            reference = bytes;
+            referenceTrace = trace;
+            EXPECT_EQ(trace.rfind("33 40:0 t t", 0), 0u);
+            EXPECT_NE(trace.find("42:0 t 43:0 t 40:1"), std::string::npos) << trace;
             EXPECT_GT(
-                run.GetDisplacementGrid(1).GetResultFromPosition(1, 30, 30).GetZdisplacement(),
+                run.GetDisplacementGrid(1).GetResultFromPosition(1, 200, 200).GetZdisplacement(),
                 0.0);
+            // Each polyline sample where PointAt puts it, bit for bit: the runs that start
+            // in the middle of the polyline walk to the same points.
+            const double spacing = zigzag.Len(true) / 30000;
+            for (int k = 0; k <= 30000; ++k) {
+                Vec3<double> p;
+                ASSERT_GE(zigzag.PointAt(k * spacing, p), 0) << k;
+                const Vec3<double> got =
+                    run.GetDisplacementPolyline(1).GetResultFromPosition(0, k, 0).GetPoint();
+                ASSERT_EQ(std::memcmp(&got, &p, sizeof p), 0) << k;
+            }
             continue;
         }
-        ASSERT_EQ(v.size(), reference.size());
-        EXPECT_EQ(std::memcmp(v.data(), reference.data(), v.size() * sizeof(double)), 0)
-            << threads << " threads";
+        EXPECT_EQ(trace, referenceTrace) << threads << " threads";
+        ASSERT_EQ(bytes.size(), reference.size());
+        EXPECT_TRUE(bytes == reference) << threads << " threads";
+    }
+}
+
+TEST(ZorvoSolver, CancelledGridStopsWithinItsRow) {
+    // The cancel test answers false 4 times and then true: each false answer lets one
+    // thread go on to its next test, so exactly 4 rows of 301 samples are finished
+    // whatever the thread count, and no row is begun after the stop. A row of 10001
+    // samples is tested every 4096 samples as well: the 2 false answers give 2 x 4096.
+    struct {
+        int rows, columns, falseAnswers, samples;
+    } cases[] = {{60, 301, 4, 4 * 301}, {2, 10001, 2, 2 * 4096}};
+    RestoreThreads restore;
+    for (const auto& c : cases) {
+        for (int threads : {1, 2, 8}) {
+            omp_set_num_threads(threads);
+            ZorvoData doc;
+            doc.SetTunnel(1, LongTunnel());
+            CDisplacementGrid g;
+            g.SetPoint1({-30.0, -30.0, 20.0});
+            g.SetPoint2({30.0, -30.0, 20.0});
+            g.SetExtrusionDistance(60.0);
+            g.SetIntervalsAlongLine(c.rows - 1);
+            g.SetIntervalsAlongExtrusion(c.columns - 1);
+            doc.SetDisplacementGrid(1, g);
+
+            std::atomic<int> calls{0};
+            CLodraZorvoPrefData prefs;
+            Recorder r;
+            ZorvoSolver solver(&doc, &prefs, &r, [&calls, &c] { return ++calls > c.falseAnswers; });
+            EXPECT_TRUE(solver.Solve());
+            EXPECT_TRUE(solver.WasCancelled());
+            EXPECT_EQ(r.trace, "33 43:0") << "an unfinished grid does not tick";
+
+            int computed = 0, rowsBegun = 0;
+            for (const auto& row : doc.GetDisplacementGrid(1).GetResults(0)) {
+                int inRow = 0;
+                for (const GeoDispResult& sample : row)
+                    inRow += sample.GetPointType() == eGrid ? 1 : 0;
+                // Samples are calculated from the start of a row on.
+                for (int b = 0; b < inRow; ++b)
+                    EXPECT_EQ(row[size_t(b)].GetPointType(), eGrid);
+                computed += inRow;
+                rowsBegun += inRow > 0 ? 1 : 0;
+            }
+            EXPECT_EQ(computed, c.samples) << c.columns << " columns, " << threads << " threads";
+            EXPECT_LE(rowsBegun, c.falseAnswers) << threads << " threads";
+        }
     }
 }
 
