@@ -37,6 +37,10 @@ class GeoDispResult : public NamedEntity {
 
     EPointType GetPointType() const { return static_cast<EPointType>(m_pointType); }
     void SetPointType(EPointType t) { m_pointType = t; }
+    // Whether the solver reached the sample. It gives every sample it calculates the
+    // point type of its record before storing it; a sample a cancelled run never reached
+    // keeps the fresh sample's none. This costs no memory beside the store.
+    bool IsCalculated() const { return m_pointType != ePointTypeNone; }
     int GetPointGroup() const { return m_pointGroup; }
     void SetPointGroup(int g) { m_pointGroup = g; }
     // 1 when the displacement was taken from an imported set.

@@ -70,12 +70,6 @@ const CDisplacementData& Record(const ZorvoData& doc, EPointType family, int n) 
     }
 }
 
-// Whether the solver reached the sample. It gives every sample it calculates the point
-// type of its record before storing it, and a sample the run never reached, because
-// the run was cancelled, keeps the fresh sample's none. This costs no memory beside
-// the store, and it holds a row cut short by a cancel to the samples it did finish.
-bool Calculated(const GeoDispResult& r) { return r.GetPointType() != ePointTypeNone; }
-
 } // namespace
 
 std::string CDisplacementCsv::Field(const std::string& text) {
@@ -109,7 +103,7 @@ void CDisplacementCsv::WriteFamily(const ZorvoData& doc, EPointType family, std:
             for (size_t first = 0; first < results.size(); ++first) {
                 for (size_t second = 0; second < results[first].size(); ++second) {
                     const GeoDispResult& r = results[first][second];
-                    if (!Calculated(r))
+                    if (!r.IsCalculated())
                         continue;
                     const Vec3<double>& p = r.GetPoint();
                     out << s << ',' << stageName << ',' << n << ',' << name << ',' << first << ','

@@ -482,6 +482,8 @@ std::vector<SanityChecks::SFinding> SanityChecks::Results(const ZorvoData& doc) 
             long long bad = 0, all = 0;
             for (const auto& row : record.GetResults(s)) {
                 for (const GeoDispResult& r : row) {
+                    if (!r.IsCalculated())
+                        continue; // never reached by a cancelled run
                     ++all;
                     bad += IsFinite(r) ? 0 : 1;
                 }

@@ -49,6 +49,8 @@ void PrintSummary(const ZorvoData& doc, std::ostream& out) {
             const std::string label = SanityChecks::DisplacementLabel(doc, d);
             for (const auto& row : record.GetResults(s)) {
                 for (const GeoDispResult& r : row) {
+                    if (!r.IsCalculated())
+                        continue; // never reached by a cancelled run
                     ++samples;
                     if (!SanityChecks::IsFinite(r)) {
                         ++leftOut;

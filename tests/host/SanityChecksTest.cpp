@@ -178,15 +178,20 @@ TEST(SanityChecks, ResultsThatAreNotFiniteAreCountedByRecordAndStage) {
     ZorvoData doc;
     CDisplacementLine line;
     line.SetName(L"Section");
-    line.SetIntervalsAlongLine(2);
+    line.SetIntervalsAlongLine(3);
     doc.SetDisplacementLine(1, line);
     doc.ResizeResultsAndSetupTransects();
-    GeoDispResult bad;
+    // Samples the run reached carry their record's point type; one it never reached
+    // (position 0 here) is left out of the count.
+    GeoDispResult good;
+    good.SetPointType(eLine);
+    doc.AccessDisplacementLine(1).SetResult(0, 1, 0, good);
+    GeoDispResult bad = good;
     bad.SetPrincipalStrainAngle(kNaN);
-    doc.AccessDisplacementLine(1).SetResult(0, 1, 0, bad);
-    bad = GeoDispResult();
-    bad.SetXpoint(-std::numeric_limits<double>::infinity());
     doc.AccessDisplacementLine(1).SetResult(0, 2, 0, bad);
+    bad = good;
+    bad.SetXpoint(-std::numeric_limits<double>::infinity());
+    doc.AccessDisplacementLine(1).SetResult(0, 3, 0, bad);
     EXPECT_EQ(Lines(SanityChecks::Results(doc)),
               "E Line 1 \"Section\", stage 0 (Base Model): 2 of 3 samples hold a value that is "
               "not a finite number; they mean nothing: check the inputs of that stage\n");
