@@ -32,8 +32,7 @@ bool HostSession::Report(const std::vector<SanityChecks::SFinding>& findings) {
     return errors;
 }
 
-HostSession::ECheck HostSession::Check(const ZorvoData& doc, int threads,
-                                       SanityChecks::ESave save) {
+HostSession::ECheck HostSession::Check(const ZorvoData& doc, int threads) {
     SCheckArgs args;
     args.event = m_interrupt;
     std::vector<CString> m;
@@ -64,8 +63,8 @@ HostSession::ECheck HostSession::Check(const ZorvoData& doc, int threads,
         return eCancelled;
 
     errors |= Report(SanityChecks::Inputs(doc));
-    errors |= Report(
-        SanityChecks::RunSize(doc, SystemMemory::Bytes(), SystemMemory::Source(), threads, save));
+    errors |=
+        Report(SanityChecks::RunSize(doc, SystemMemory::Bytes(), SystemMemory::Source(), threads));
     return errors ? eErrors : eClean;
 }
 

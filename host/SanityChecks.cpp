@@ -20,16 +20,12 @@ constexpr double kLargestTunnel = 50.0;     // metres; the largest shields are u
 constexpr double kLargestVolumeLoss = 10.0; // percent; open-face tunnels rarely pass 5%
 constexpr double kLargestClosure = 20.0;    // metres of seam extracted
 constexpr double kLargestUserK = 5.0;       // trough width factor; clays are about 0.5
-// Share of memory that the result store may take: the project itself, the tables and
-// the operating system need the rest.
+// Share of memory that the result store may take: the project itself, the tables, a
+// save (which streams through a buffer of about 1 MB) and the operating system need the
+// rest.
 constexpr double kResultShareOfMemory = 0.8;
 // A sample's store: the record, its row's vector and the allocator's overhead (bytes).
 constexpr double kBytesPerSample = sizeof(GeoDispResult) + 40.0;
-// Memory a save takes per sample while it writes (bytes), measured on a solved grid of
-// 491,401 samples: either form streams to the disk through a buffer of about 1 MB, whatever
-// the size of the project, which came to about 2 bytes a sample in both forms.
-constexpr double kJsonSaveBytesPerSample = 2.0;
-constexpr double kBinarySaveBytesPerSample = 2.0;
 // Point movements one core works out in a second, a tunnel at a point each; one mine
 // at a point samples 2,400 ring sectors, about a hundred times the work.
 constexpr double kEvaluationsPerCoreSecond = 1e7;
@@ -406,40 +402,34 @@ std::vector<SanityChecks::SFinding> SanityChecks::Inputs(const ZorvoData& doc) {
 
 std::vector<SanityChecks::SFinding> SanityChecks::RunSize(const ZorvoData& doc, double memoryBytes,
                                                           const std::string& memorySource,
-                                                          int cores, ESave save) {
+                                                          int cores) {
     std::vector<SFinding> out;
-    const double perSample = kBytesPerSample + (save == eJsonSave     ? kJsonSaveBytesPerSample
-                                                : save == eBinarySave ? kBinarySaveBytesPerSample
-                                                                      : 0.0);
-    const std::string what = save == eJsonSave     ? " of results and their JSON save, "
-                             : save == eBinarySave ? " of results and their save, "
-                                                   : " of results, ";
     const double stages = doc.NumStages(true, false);
     const double limit = memoryBytes * kResultShareOfMemory;
-    const std::string memory =
-        "more than fits in the " + SystemMemory::Describe(memoryBytes) + " " + memorySource;
+    const std::string memory = " of results, more than fits in the " +
+                               SystemMemory::Describe(memoryBytes) + " " + memorySource;
     double total = 0.0;
     bool refused = false;
     for (int d = 1; d <= doc.NumDisplacementData(); ++d) {
         if (!doc.GetDisplacementData(d).GetCalculate())
             continue;
         const double samples = Samples(doc, d);
-        const double bytes = samples * stages * perSample;
+        const double bytes = samples * stages * kBytesPerSample;
         total += samples;
         if (memoryBytes > 0.0 && bytes > limit) {
             refused = true;
             out.push_back({true, DisplacementLabel(doc, d) + " has " + Scientific(samples) +
                                      " samples in " + Stages(stages) + ": about " +
-                                     SystemMemory::Describe(bytes) + what + memory +
+                                     SystemMemory::Describe(bytes) + memory +
                                      "; reduce its intervals"});
         }
     }
-    const double bytes = total * stages * perSample;
+    const double bytes = total * stages * kBytesPerSample;
     if (!refused && memoryBytes > 0.0 && bytes > limit) {
         refused = true;
         out.push_back({true, "The displacement records have " + Scientific(total) + " samples in " +
                                  Stages(stages) + ": about " + SystemMemory::Describe(bytes) +
-                                 what + memory + "; reduce their intervals or the stages"});
+                                 memory + "; reduce their intervals or the stages"});
     }
 
     const bool mines = doc.GetGeneral().GetProblemType() == eMine;

@@ -22,16 +22,11 @@ class SanityChecks {
     // The input fields of every record.
     static std::vector<SFinding> Inputs(const Data::ZorvoData& doc);
 
-    // How the solved project is to be saved: each form needs memory of its own beside
-    // the results while it is written.
-    enum ESave { eNoSave, eBinarySave, eJsonSave };
-
-    // The result store and the work a run implies: an error when the results, and their
-    // saving, need more than about 80% of memoryBytes (0: not known, no test); a warning
-    // when the run will take hours on that many cores.
+    // The result store and the work a run implies: an error when the results need more than about
+    // 80% of memoryBytes (0: not known, no test); a warning when the run will take hours on that
+    // many cores.
     static std::vector<SFinding> RunSize(const Data::ZorvoData& doc, double memoryBytes,
-                                         const std::string& memorySource, int cores,
-                                         ESave save = eNoSave);
+                                         const std::string& memorySource, int cores);
 
     // After a run: the samples holding a value that is not a finite number, counted by
     // record and stage, each count an error.

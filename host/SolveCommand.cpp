@@ -154,12 +154,7 @@ int SolveCommand(HostSession& session, const SSolveOptions& o) {
     if (!session.Load(o.file, doc))
         return eExitUsage;
     const int threads = o.threads > 0 ? o.threads : omp_get_num_procs();
-    SanityChecks::ESave save = SanityChecks::eNoSave;
-    if (!o.output.empty())
-        save = ZorvoModelFile::FormForPath(o.output) == FileIO::CDataFile::eJson
-                   ? SanityChecks::eJsonSave
-                   : SanityChecks::eBinarySave;
-    switch (session.Check(doc, threads, save)) {
+    switch (session.Check(doc, threads)) {
     case HostSession::eCancelled:
         session.Fail("the checks were cancelled; " + o.file + " is not solved");
         return eExitFindings;

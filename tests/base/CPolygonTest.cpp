@@ -166,19 +166,6 @@ TEST(CIntersect, RingsMeetWithinTheTolerance) {
     EXPECT_EQ(cut.NumPoly(Ring({{4, 0}, {4, 4}, {0, 4}, {0, 0}}), wide), 2);
 }
 
-TEST(CLine3, LengthDirectionAndPointAtADistance) {
-    const CLine3 line({1, 2, 3}, {4, 6, 15}); // (3, 4, 12): length 13
-    EXPECT_DOUBLE_EQ(line.Length(), 13.0);
-    EXPECT_NEAR(line.UnitVector().z, 12.0 / 13.0, 1e-15);
-    Vec3<double> p;
-    EXPECT_TRUE(line.PointAtADist(26.0, p)); // start + 2 (3, 4, 12)
-    EXPECT_NEAR(p.x, 7.0, 1e-14);
-    EXPECT_NEAR(p.y, 10.0, 1e-14);
-    EXPECT_NEAR(p.z, 27.0, 1e-14);
-    EXPECT_FALSE(CLine3({1, 1, 1}, {1, 1, 1}).PointAtADist(5.0, p));
-    EXPECT_EQ(p, Vec3<double>(1, 1, 1));
-}
-
 TEST(CDirCos, FramesFromAxesAndFromAnAxis) {
     // Local x along (3, 4): global (1, 0) is 0.6 along it and -0.8 along local y (-0.8, 0.6).
     const Util::CDirCos f({3, 4, 0}, {-4, 3, 0}, {0, 0, 1}, true);

@@ -41,27 +41,6 @@ TEST(StringFrom, ScientificWithSignificantFigures) {
     }
 }
 
-TEST(StringFrom, FixedDecimals) {
-    struct {
-        double value;
-        int decimals;
-        bool trim, force;
-        const wchar_t* text;
-    } cases[] = {
-        {1.5, 3, false, true, L"1.500"}, {-0.0625, 3, false, false, L"-0.062"}, // tie to even
-        {2.0, 0, false, true, L"2."},    {2.0, 0, false, false, L"2"},
-        {2.5, 3, true, false, L"2.5"},   {2.0, 3, true, false, L"2"},
-        {2.0, 3, true, true, L"2."},     {1234.5678, 2, false, false, L"1234.57"},
-    };
-    for (const auto& c : cases) {
-        Util::CNumFormat f;
-        f.SetFormat(2);
-        f.SetDecDecPla(c.decimals, c.trim);
-        f.SetForceDec(c.force);
-        EXPECT_EQ(Text(c.value, f), c.text) << c.value;
-    }
-}
-
 TEST(IntervalsLogScale, DefaultLOverHList) {
     // 0.1 * 10^(k/10), k = 0..20, each cut to two decimals: the R10 series over two
     // decades, e.g. 10^0.1 = 1.2589.., 10^0.5 = 3.1622.., 10^0.7 = 5.0118..

@@ -62,21 +62,6 @@ TEST(SurfacePolynomial, FitsAndCodes) {
     }
 }
 
-TEST(SurfacePolynomial, ObjectFitUsesItsOwnOrders) {
-    CSurfacePolynomial s;
-    EXPECT_EQ(s.GetSigFigs(), 6);
-    EXPECT_EQ(s.GetXOrder(), 1);
-    EXPECT_EQ(s.GetYOrder(), 1);
-    EXPECT_FALSE(s.IsPolynomialValid()); // empty, whatever the orders
-    s.SetDataCoords({{0, 0, 1}, {2, 0, 5}});
-    s.SetYOrder(0);
-    EXPECT_EQ(s.CalculateCoeffs(), CSurfacePolynomial::eSuccess);
-    EXPECT_TRUE(s.IsPolynomialValid());
-    EXPECT_NEAR(s.GetCoefficient(1, 0), 2.0, kTol);
-    s.SetYOrder(1); // stale count no longer fits the orders
-    EXPECT_FALSE(s.IsPolynomialValid());
-}
-
 TEST(SurfacePolynomial, EvaluationAndGradients) {
     // x order 2: f = 1 + 2x + 3x^2 + 4y + 5xy + 6x^2 y.
     CSurfacePolynomial s;
