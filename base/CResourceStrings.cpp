@@ -25,6 +25,7 @@ const Entry kTable[] = {
           L"towards a tunnel should be modelled using a positive value. Results should be "
           L"treated with caution and verified."},
     {353, L"Circular Excavation"},
+    {356, L"Embedded Wall Excavation"},
     {3558, L"Tunnel %i is vertical.  Vertical tunnels cannot be analysed."},
     // Chart titles of ground movement curves, horizontal then vertical; %s takes the
     // axis suffix.
@@ -37,7 +38,10 @@ const Entry kTable[] = {
     {3588, L"Stage: %s refers to Tunnel  %i which does not exist."},
     {3589, L"Stage: %s refers to Polygonal Excavation %i which does not exist."},
     {3590, L"Stage: %s refers to Circular Excavation %i which does not exist."},
+    {3671, L"intersects"},
     {3673, L"Tunnel"},
+    {3808, L"Positive"},
+    {3809, L"Negative"},
     {3886, L"Base Model"},
     {4072, L"Stage Property %i refers to %s %i, but only %i %s have been specified."},
     // Titles of the record families (49616, the first, has no text).

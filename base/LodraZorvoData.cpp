@@ -59,7 +59,8 @@ void LodraZorvoData::tun26_(int, const double& angle, const double* in, double* 
 
 bool LodraZorvoData::SameBase(const LodraZorvoData& o) const {
     return m_points == o.m_points && m_lines == o.m_lines && m_dispPolylines == o.m_dispPolylines &&
-           m_grids == o.m_grids && m_polylines == o.m_polylines && m_graphics == o.m_graphics &&
+           m_grids == o.m_grids && m_polylines == o.m_polylines && m_importedSets == o.m_importedSets &&
+           m_graphics == o.m_graphics &&
            m_titles == o.m_titles && m_history == o.m_history;
 }
 

@@ -6,6 +6,7 @@
 #include "CDisplacementPoint.h"
 #include "CDisplacementPolyline.h"
 #include "CHistory.h"
+#include "CImportedDisplacementsSet.h"
 #include "CNumberedList.h"
 #include "CPolylineCursor.h"
 #include "CPolylinePlus.h"
@@ -51,6 +52,9 @@ class LodraZorvoData : public BaseEntity {
     ZORVO_NUMBERED_ACCESS(DisplacementPolyline, CDisplacementPolyline, m_dispPolylines)
     ZORVO_NUMBERED_ACCESS(DisplacementGrid, CDisplacementGrid, m_grids)
     ZORVO_NUMBERED_FAMILY(Polyline, Polylines, CPolylinePlus, m_polylines)
+    // Displacements measured or calculated elsewhere, added where samples coincide.
+    ZORVO_NUMBERED_FAMILY(ImportedDisplacementsSet, ImportedDisplacementsSets,
+                          CImportedDisplacementsSet, m_importedSets)
 
     // Interval between sample locations of a line, and a displacement polyline's
     // plan length and interval (metres).
@@ -122,6 +126,7 @@ class LodraZorvoData : public BaseEntity {
     CNumberedList<CDisplacementPolyline> m_dispPolylines;
     CNumberedList<CDisplacementGrid> m_grids;
     CNumberedList<CPolylinePlus> m_polylines;
+    CNumberedList<CImportedDisplacementsSet> m_importedSets;
     CGraphicSettings m_graphics;
     CTitles m_titles;
     CHistory m_history;

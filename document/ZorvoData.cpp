@@ -56,9 +56,22 @@ int ZorvoData::NumEditableGMCurves(GeoGlobal::EDirection d) const {
                                           [](const CGMCurve& c) { return c.GetEditable(); }));
 }
 
-bool ZorvoData::IsGMCurveInUse(GeoGlobal::EDirection, int, std::vector<CString>& names) const {
+bool ZorvoData::IsGMCurveInUse(GeoGlobal::EDirection d, int n, std::vector<CString>& names) const {
     names.clear();
-    return false; // excavations, the only users of curves, are not part of a project yet
+    const int index = n - 1; // excavations hold 0-based curve indices
+    for (int p = 1; p <= NumPolygonalExcavations(); ++p) {
+        const CPolygonalExcavation& e = GetPolygonalExcavation(p);
+        for (int s = 1; s <= e.NumExcavationCorners(); ++s)
+            if (e.GetExcavationCornerRef(s).GetGMCurve(d) == index)
+                names.push_back(CString::Formatted(L"XP%i : %s (Side %i)", p,
+                                                e.GetName().GetString(), s));
+    }
+    for (int c = 1; c <= NumCircularExcavations(); ++c) {
+        const CCircularExcavation& e = GetCircularExcavation(c);
+        if (e.GetGMCurve(d) == index)
+            names.push_back(CString::Formatted(L"XC%i : ", c) + e.GetName());
+    }
+    return !names.empty();
 }
 
 bool ZorvoData::IsGMCurveInUse(GeoGlobal::EDirection d, int n) const {
@@ -109,6 +122,12 @@ int ZorvoData::NumRecord(int module) const {
         return NumTunnels();
     case eModuleMines:
         return NumMines();
+    case eModulePolygonalExcavations:
+        return NumPolygonalExcavations();
+    case eModuleCircularExcavations:
+        return NumCircularExcavations();
+    case eModuleImportedDisplacements:
+        return NumImportedDisplacementsSets();
     case eModuleStages:
         return m_stages.Num();
     case eModuleStageProperties:
@@ -140,8 +159,61 @@ void ZorvoData::ResizeResultsAndSetupTransects() {
             AccessDisplacementGrid(i).ResizeResults(stages);
 }
 
-bool ZorvoData::IsPointInAnyExcavation(const Vec3<double>&, int) const {
-    return false; // the project holds no excavation families yet
+bool ZorvoData::IsPointInAnyExcavation(const Vec3<double>& point, int stage) const {
+    const int n = m_stages.Num();
+    const bool all = stage == 0 || stage == n + 1;
+    for (int k = 1; k <= NumPolygonalExcavations(); ++k)
+        if ((all || IsPolygonalExcavationInStage(k, stage)) &&
+            GetPolygonalExcavation(k).IsPointInExcavation(point))
+            return true;
+    for (int k = 1; k <= NumCircularExcavations(); ++k)
+        if ((all || IsCircularExcavationInStage(k, stage)) &&
+            GetCircularExcavation(k).IsPointInExcavation(point))
+            return true;
+    return false;
+}
+
+bool ZorvoData::IsAnyPolygonalExcavationCornerStiffened() const {
+    for (const CPolygonalExcavation& e : m_polygonalExcavations.Items())
+        for (const CExcavationCorner& c : e.GetExcavationCorners())
+            if (c.GetStiffened())
+                return true;
+    return false;
+}
+
+bool ZorvoData::IsSmoothingOptionRelevantForStage(int stage) const {
+    if (!IsSmoothingOn() || stage > m_stages.Num() || stage < 1)
+        return false;
+    const CBasicList& list = GetStage(stage).GetPolygonalExcavations();
+    if (list.IsEmpty())
+        return false;
+    return IsSmoothingOptionRelevantForExcavationList(list);
+}
+
+bool ZorvoData::IsSmoothingOptionRelevantForExcavationList(const CBasicList& polygonal) const {
+    for (int k = 1; k <= NumPolygonalExcavations(); ++k) {
+        if (!polygonal.IsIncluded(k, 0))
+            continue;
+        const CPolygonalExcavation& e = GetPolygonalExcavation(k);
+        std::vector<int> corners;
+        e.GetReEntrantCorners(corners);
+        for (int c : corners) {
+            if (!e.ExcavationCornerExists(c + 1))
+                continue;
+            const CExcavationCorner& corner = e.GetExcavationCornerRef(c + 1);
+            if (corner.GetPreviousEdge_TransitionZoneFraction() > 0.0 ||
+                corner.GetNextEdge_TransitionZoneFraction() > 0.0)
+                return true;
+        }
+    }
+    return false;
+}
+
+void ZorvoData::ClearIntersectingExcavations() {
+    for (CPolygonalExcavation& e : m_polygonalExcavations.Items())
+        e.ClearIntersectingExcavations();
+    for (CCircularExcavation& e : m_circularExcavations.Items())
+        e.ClearIntersectingExcavations();
 }
 
 // ---- Stages ----------------------------------------------------------------
@@ -264,17 +336,51 @@ bool ZorvoData::IsTunnelInStage(int tunnel, int index) const {
         tunnel, 0);
 }
 
+bool ZorvoData::IsPolygonalExcavationInStage(int excavation, int index) const {
+    if (IsBaseStage(index))
+        return true;
+    return m_stages.Items()[static_cast<size_t>(StageElement(index))]
+        .GetPolygonalExcavations()
+        .IsIncluded(excavation, 0);
+}
+
+bool ZorvoData::IsCircularExcavationInStage(int excavation, int index) const {
+    if (IsBaseStage(index))
+        return true;
+    return m_stages.Items()[static_cast<size_t>(StageElement(index))]
+        .GetCircularExcavations()
+        .IsIncluded(excavation, 0);
+}
+
+std::vector<int> ZorvoData::ImportedSetsToInclude(int index) const {
+    std::vector<int> sets;
+    const bool all = IsBaseStage(index);
+    for (int k = 1; k <= NumImportedDisplacementsSets(); ++k)
+        if (all || m_stages.Items()[static_cast<size_t>(StageElement(index))]
+                       .GetImportedDisplacementSets()
+                       .IsIncluded(k, 0))
+            sets.push_back(k);
+    return sets;
+}
+
 double ZorvoData::GetTunnelDiameterInStage(int tunnel, int index) const {
     return GetStageDependentProperty(index, eElementTunnel, tunnel, eTunnelDiameter, 1);
 }
 
 double ZorvoData::GetStageDependentProperty(int stage, EElementType type, int element, int property,
                                             int position) const {
-    // The record's own value. The excavation families add their base levels here when
-    // they join the project; until then no excavation exists to be asked about.
+    // The record's own value where the element takes part in the stage.
     double value = 0.0;
-    if (type == eElementTunnel && IsTunnelInStage(element, stage))
+    if (type == eElementTunnel && IsTunnelInStage(element, stage)) {
         value = GetTunnel(element).GetDiameter();
+    } else if (type == eElementPolygonalExcavation && IsPolygonalExcavationInStage(element, stage)) {
+        const std::vector<double>& levels = GetPolygonalExcavation(element).GetBaseLevels();
+        const int count = static_cast<int>(levels.size());
+        if (count > 0)
+            value = levels[static_cast<size_t>(std::min(count, position) - 1)];
+    } else if (type == eElementCircularExcavation && IsCircularExcavationInStage(element, stage)) {
+        value = GetCircularExcavation(element).GetBaseLevel();
+    }
 
     // The index is compared as it stands: smoothed indices above n + 1 meet no property.
     for (const CStageProperty& p : m_stageProperties.Items()) {
@@ -367,7 +473,8 @@ void ZorvoData::GetTunnelsOfSubSurfaceMethodAndSoil(GeoTunnel::ESubSurfaceMethod
 bool ZorvoData::operator==(const ZorvoData& o) const {
     return SameBase(o) && m_general == o.m_general && m_stages == o.m_stages &&
            m_stageProperties == o.m_stageProperties && m_tunnels == o.m_tunnels &&
-           m_mines == o.m_mines && m_gmCurves[0] == o.m_gmCurves[0] &&
+           m_mines == o.m_mines && m_polygonalExcavations == o.m_polygonalExcavations &&
+           m_circularExcavations == o.m_circularExcavations && m_gmCurves[0] == o.m_gmCurves[0] &&
            m_gmCurves[1] == o.m_gmCurves[1] && m_cornerOptions == o.m_cornerOptions;
 }
 

@@ -8,7 +8,10 @@
 #include "document/CStageProperty.h"
 #include "document/EModuleID.h"
 #include "document/GeoZorvoGeneral.h"
+#include "sources/CCircularExcavation.h"
+#include "sources/CExcavationCorner.h"
 #include "sources/CGMCurve.h"
+#include "sources/CPolygonalExcavation.h"
 #include "sources/GeoMine.h"
 #include "sources/GeoTunnel.h"
 #include "validation/CCheckPass.h"
@@ -69,13 +72,42 @@ class ZorvoData : public LodraZorvoData {
     // Mine panels, the sources of a mine analysis.
     ZORVO_NUMBERED_FAMILY(Mine, Mines, GeoMine, m_mines)
 
+    // Embedded wall excavations: polygonal basements and circular shafts.
+    ZORVO_NUMBERED_FAMILY(PolygonalExcavation, PolygonalExcavations, CPolygonalExcavation,
+                          m_polygonalExcavations)
+    ZORVO_NUMBERED_FAMILY(CircularExcavation, CircularExcavations, CCircularExcavation,
+                          m_circularExcavations)
+    const std::vector<CPolygonalExcavation>& GetPolygonalExcavations() const {
+        return m_polygonalExcavations.Items();
+    }
+    const std::vector<CCircularExcavation>& GetCircularExcavations() const {
+        return m_circularExcavations.Items();
+    }
+    const CPolygonalExcavation& GetDefaultPolygonalExcavation() const {
+        return m_polygonalExcavations.Prototype();
+    }
+    void SetDefaultPolygonalExcavation(const CPolygonalExcavation& e) {
+        m_polygonalExcavations.SetPrototype(e);
+    }
+    const CExcavationCorner& GetDefaultCorner() const { return m_defaultCorner; }
+    void SetDefaultCorner(const CExcavationCorner& c) { m_defaultCorner = c; }
+    // Whether a polygonal excavation has a stiffened corner.
+    bool IsAnyPolygonalExcavationCornerStiffened() const;
+    // Whether the smoothed repeat of a stage (1 to n) can differ from the stage: smoothing
+    // is on and a listed polygonal excavation has a re-entrant corner with a transition
+    // zone on either side.
+    bool IsSmoothingOptionRelevantForStage(int stage) const;
+    bool IsSmoothingOptionRelevantForExcavationList(const CBasicList& polygonal) const;
+    // Empties the intersection sets of all excavations.
+    void ClearIntersectingExcavations();
+
     // Ground movement curves, a list per direction: the standard curves first, read-only
     // and never saved, then the user's. Excavations refer to them by 0-based index.
     ZORVO_NUMBERED_DIRECTION_FAMILY(GMCurve, CGMCurve, m_gmCurves)
     // User curves of a direction: those with the editable flag.
     int NumEditableGMCurves(GeoGlobal::EDirection d) const;
     // Whether any excavation refers to curve n (1-based) of a direction; names gets one
-    // text per user. No excavation exists yet, so no curve is in use.
+    // text per user: "XP%i : %s (Side %i)" for a polygonal side, "XC%i : %s" for a shaft.
     bool IsGMCurveInUse(GeoGlobal::EDirection d, int n, std::vector<CString>& names) const;
     bool IsGMCurveInUse(GeoGlobal::EDirection d, int n) const;
     bool AnyGMCurvesInUse(GeoGlobal::EDirection d) const;
@@ -109,6 +141,11 @@ class ZorvoData : public LodraZorvoData {
                                bool number, bool addAll) const;
     int MaxStageNameLength() const;
     bool IsTunnelInStage(int tunnel, int index) const;
+    bool IsPolygonalExcavationInStage(int excavation, int index) const;
+    bool IsCircularExcavationInStage(int excavation, int index) const;
+    // The imported sets (1-based) that a calculation stage adds: all at a base index,
+    // otherwise those the stage lists, in ascending order.
+    std::vector<int> ImportedSetsToInclude(int index) const;
 
     // Diameter of a tunnel in a calculation stage (metres): its own in the base model
     // and in the stages that list it, 0 in the others, and the first value of the last
@@ -119,8 +156,7 @@ class ZorvoData : public LodraZorvoData {
     // by the values of the stage properties of that index, type and element, the last
     // one standing. A tunnel's value is its diameter; a polygonal excavation's is its
     // base level at position (1-based), the last of a shorter list standing for the
-    // positions beyond it. A property other than 0 keeps the record's own value. Only
-    // tunnels have a value of their own so far: the excavation families bring theirs.
+    // positions beyond it. A property other than 0 keeps the record's own value.
     double GetStageDependentProperty(int stage, EElementType type, int element, int property,
                                      int position) const;
 
@@ -183,6 +219,9 @@ class ZorvoData : public LodraZorvoData {
     CNumberedList<CStageProperty> m_stageProperties;
     CNumberedList<GeoTunnel> m_tunnels;
     CNumberedList<GeoMine> m_mines;
+    CNumberedList<CPolygonalExcavation> m_polygonalExcavations;
+    CNumberedList<CCircularExcavation> m_circularExcavations;
+    CExcavationCorner m_defaultCorner;
     CNumberedList<CGMCurve> m_gmCurves[2];
     CReEntrantCornerOptions m_cornerOptions;
 

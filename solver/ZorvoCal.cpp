@@ -75,11 +75,22 @@ int ZorvoCal::tun28_(const ZorvoData& doc, int stage, const double& x, const dou
     return 0;
 }
 
-void ZorvoCal::Excavations(const ZorvoData& doc, int stage, const Vec3<double>& point, double*,
-                           double*) {
+void ZorvoCal::Excavations(const ZorvoData& doc, int stage, const Vec3<double>& point,
+                           double* movement, double* strain) {
     if (doc.IsPointInAnyExcavation(point, stage))
-        return;
-    // Polygonal, then circular excavations of the stage add their wall movements here.
+        return; // the ground inside an excavation is gone
+    // Polygonal, then circular excavations of the stage, each in list order: a fixed order
+    // of addition, whatever the threads.
+    const int n = doc.NumActualStages(false, false);
+    const bool all = stage == 0 || stage == n + 1;
+    for (int k = 1; k <= doc.NumPolygonalExcavations(); ++k)
+        if (all || doc.IsPolygonalExcavationInStage(k, stage))
+            doc.GetPolygonalExcavation(k).PointMovementsAndStrains(doc, stage, k, point, movement,
+                                                                   strain);
+    for (int k = 1; k <= doc.NumCircularExcavations(); ++k)
+        if (all || doc.IsCircularExcavationInStage(k, stage))
+            doc.GetCircularExcavation(k).PointMovementsAndStrains(doc, stage, k, point, movement,
+                                                                  strain);
 }
 
 int ZorvoCal::Tunnels(const ZorvoData& doc, int stage, const double& x, const double& y,
