@@ -22,6 +22,14 @@ TEST(ZorvoCal, Tun25NormalProbability) {
     ZorvoCal::tun25_(0.0, r, 100.0);
     EXPECT_NEAR(r, 0.5, 1e-12);
 
+    // Worked by hand at a = 1: c = 0.5, d = 2.93 c^2 = 0.7325, the denominator
+    // 1.604 + 1 + 1.955 + 2.225 + 0.7325 + 0.534725 = 8.051225, p = 1 / 8.051225,
+    // Q = (p + 0.7978845 / 2) / (2 e^0.5) and the result 1 - Q; at a = -2.5 Q itself.
+    ZorvoCal::tun25_(1.0, r, 100.0);
+    EXPECT_NEAR(r, 0.841347667108452, 1e-14);
+    ZorvoCal::tun25_(-2.5, r, 100.0);
+    EXPECT_NEAR(r, 0.006209632795826656, 1e-16);
+
     // The rational formula is within 1e-4 of the normal distribution everywhere.
     for (int k = -1000; k <= 1000; ++k) {
         const double a = k / 100.0;
