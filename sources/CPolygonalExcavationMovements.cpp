@@ -340,7 +340,7 @@ void CPolygonalExcavation::PointMovementsAndStrains(const ZorvoData& data, int s
 
         // Region 3: past the start of the next side, fading the next side's wall.
         if (region3) {
-            const double f = smoothed ? cornerK.GetPreviousEdge_TransitionZoneFraction() : 0.0;
+            const double f = cornerK.GetPreviousEdge_TransitionZoneFraction();
             const double g = f * (A - 90.0);
             double psi = std::atan2(Cross(fromK, c), Dot(fromK, c)) * 360.0 / kTwoPi;
             if (clockwise)
@@ -360,7 +360,7 @@ void CPolygonalExcavation::PointMovementsAndStrains(const ZorvoData& data, int s
 
         // Region 4: past the end of side i, fading side i's wall.
         if (region4) {
-            const double f = smoothed ? cornerJ.GetNextEdge_TransitionZoneFraction() : 0.0;
+            const double f = cornerJ.GetNextEdge_TransitionZoneFraction();
             const double g = f * (A - 90.0);
             const Vec2<double> back = Reversed(b);
             const Vec2<double> toP(dx, dy);
