@@ -39,10 +39,15 @@ void CCircularExcavation::PointMovementsAndStrains(const ZorvoData& data, int st
     const double S = GetSurfaceLevel();
     const double H = S - base; // not clamped
     const double depth = S - point.z;
-    const double mH = MovementAtDistance(
-        data, data.GetGMCurve(GeoGlobal::eHorizontal, m_horizontalCurve + 1), H, d, depth);
-    const double mV = MovementAtDistance(
-        data, data.GetGMCurve(GeoGlobal::eVertical, m_verticalCurve + 1), H, d, depth);
+    // A curve index outside the document's list gives no movement: the checks before a
+    // run report it.
+    const auto curveMovement = [&](GeoGlobal::EDirection dir, int index) {
+        if (index < 0 || index >= data.NumGMCurves(dir))
+            return 0.0;
+        return MovementAtDistance(data, data.GetGMCurve(dir, index + 1), H, d, depth);
+    };
+    const double mH = curveMovement(GeoGlobal::eHorizontal, m_horizontalCurve);
+    const double mV = curveMovement(GeoGlobal::eVertical, m_verticalCurve);
 
     // Horizontal movement along the radius, a positive one towards the shaft.
     const double r = std::sqrt(dx * dx + dy * dy);

@@ -62,8 +62,6 @@ double CExcavation::MovementAtDistance(const ZorvoData&, const CGMCurve& curve,
     double x = distance / wallDepth;
     const double y = z / wallDepth;
     const double xMax = curve.GetMaxDataX();
-    const double yMax = curve.GetMaxDataY();
-    const double yMin = curve.GetMinDataY();
 
     // Never read a movement beyond the curve's end.
     if (!(wallDepth * xMax >= distance))
@@ -76,14 +74,15 @@ double CExcavation::MovementAtDistance(const ZorvoData&, const CGMCurve& curve,
         } else if (!(z < 0.001)) {
             return 0.0;
         }
-    } else if (z > wallDepth * yMax || z < wallDepth * yMin) {
-        return 0.0;
+    } else if (z > wallDepth * curve.GetMaxDataY() || z < wallDepth * curve.GetMinDataY()) {
+        return 0.0; // each a scan of the data: only a curve with depth asks
     }
 
-    // d / H can round above the last x although H * Xmax >= d held: the movement is then
-    // the curve's last one, which a surface-only curve gives at its last x (beyond it,
-    // it would give an x, not a movement).
-    if (surfaceOnly && x > xMax)
+    // d / H can round above the last x although H * Xmax >= d held. The movement is then
+    // the curve's last one, which a surface-only curve read by interpolation gives at
+    // its last x: beyond it, it would give an x, not a movement. A polynomial is read
+    // where it stands.
+    if (surfaceOnly && curve.GetInterpolationMethod() != CGMCurve::ePolynomial && x > xMax)
         x = xMax;
 
     bool found = false; // not asked: outside the triangles the value is 0
