@@ -266,10 +266,9 @@ void CheckExcavationLevels(const CExcavation& e, RecordFindings& f) {
 // A wall's depth at its base levels (metres): none at one of them is a fault, since a
 // curve is scaled by the depth and a point on the wall line then gets 0 / 0; a wall
 // deeper than any built is a warning. The first base level at fault stands for the rest.
-void CheckWallDepth(double surface, const std::vector<double>& bases, bool one,
-                    RecordFindings& f) {
-    if (!std::isfinite(surface))
-        return;
+void CheckWallDepth(double surface, const std::vector<double>& bases, bool one, RecordFindings& f) {
+    if (!(std::fabs(surface) <= kFarthest))
+        return; // reported as a level
     auto where = [one](size_t k) {
         return one ? std::string("the base level") : "base level " + std::to_string(k + 1);
     };
@@ -281,7 +280,8 @@ void CheckWallDepth(double surface, const std::vector<double>& bases, bool one,
                     "give a base level below the surface level");
             return;
         }
-        if (std::isfinite(bases[k]) && (deepest == bases.size() || bases[k] < bases[deepest]))
+        if (std::fabs(bases[k]) <= kFarthest &&
+            (deepest == bases.size() || bases[k] < bases[deepest]))
             deepest = k;
     }
     if (deepest < bases.size() && surface - bases[deepest] > kDeepestWall)
@@ -333,9 +333,9 @@ void CheckOutline(const CPolygonalExcavation& e, RecordFindings& f) {
         const double d = dist(v[i], v[j]);
         if (d <= tol) {
             f.Warning("vertices " + std::to_string(i + 1) + " and " + std::to_string(j + 1) +
-                      " are " + Number(d) + " m apart, within 0.001 m: side " +
-                      std::to_string(i + 1) + " is no wall and its curves are not used; delete "
-                      "one of the two vertices");
+                      " are " + Number(d) +
+                      " m apart, within the 0.001 m to which the wall line is drawn: side " +
+                      std::to_string(i + 1) + " is no real wall; delete one of the two vertices");
             break; // the first stands for the rest
         }
     }
@@ -414,8 +414,8 @@ void CheckPolygonalExcavation(const ZorvoData& doc, const CPolygonalExcavation& 
                               RecordFindings& f) {
     const int nv = e.NumCoords(), nb = e.NumBaseLevels(), nc = e.NumExcavationCorners();
     if (nv < 3)
-        f.Error("its wall line has " + std::to_string(nv) +
-                (nv == 1 ? " vertex" : " vertices") + "; give at least three");
+        f.Error("its wall line has " + std::to_string(nv) + (nv == 1 ? " vertex" : " vertices") +
+                "; give at least three");
     if (nb != nv || nc != nv)
         f.Error("it has " + std::to_string(nv) + " vertices, " + std::to_string(nb) +
                 " base levels and " + std::to_string(nc) +

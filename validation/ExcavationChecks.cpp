@@ -42,8 +42,7 @@ const CGMCurve* Curve(const ZorvoData& doc, GeoGlobal::EDirection d, int index) 
 bool SurfaceOnly(const CGMCurve* curve) { return curve && curve->GetSurfaceOnly(); }
 
 // Whether any side of a polygonal excavation has a curve that acts at the surface alone.
-bool IsThereAnyCurveWith_SurfaceMovementsOnly(const ZorvoData& doc,
-                                              const CPolygonalExcavation& e) {
+bool IsThereAnyCurveWith_SurfaceMovementsOnly(const ZorvoData& doc, const CPolygonalExcavation& e) {
     for (const CExcavationCorner& c : e.GetExcavationCorners())
         for (GeoGlobal::EDirection d : kDirections)
             if (SurfaceOnly(Curve(doc, d, c.GetGMCurve(d))))
@@ -154,8 +153,7 @@ bool WalkRecords(const ZorvoData& doc, CCheckPass& pass, const SReach& reach, La
 // The walk of every side and shaft whose curve of a direction is surface-only
 // (surfaceOnly) or not: polygonal excavations corner by corner, then circular ones.
 // Answers false when the event stopped it.
-bool WalkExcavations(const ZorvoData& doc, CCheckPass& pass, bool surfaceOnly,
-                     SOutOfReach& out) {
+bool WalkExcavations(const ZorvoData& doc, CCheckPass& pass, bool surfaceOnly, SOutOfReach& out) {
     for (int e = 1; e <= doc.NumPolygonalExcavations(); ++e) {
         if (pass.Stopped())
             return false;
@@ -164,13 +162,13 @@ bool WalkExcavations(const ZorvoData& doc, CCheckPass& pass, bool surfaceOnly,
                            x.GetAllowGMCalcnToLevelValue()};
         for (int c = 1; c <= x.NumExcavationCorners(); ++c) {
             for (int d = 0; d < 2; ++d) {
-                const CGMCurve* curve =
-                    Curve(doc, kDirections[d], x.GetExcavationCornerRef(c).GetGMCurve(kDirections[d]));
+                const CGMCurve* curve = Curve(
+                    doc, kDirections[d], x.GetExcavationCornerRef(c).GetGMCurve(kDirections[d]));
                 if (!curve || curve->GetSurfaceOnly() != surfaceOnly)
                     continue;
                 auto label = [&](const wchar_t* family, int n) {
-                    return CString::Formatted(L"Excavation XP%i/Side %i/%s %i/%s", e, c, family,
-                                              n, kDirectionTitle[d]);
+                    return CString::Formatted(L"Excavation XP%i/Side %i/%s %i/%s", e, c, family, n,
+                                              kDirectionTitle[d]);
                 };
                 if (!WalkRecords(doc, pass, reach, label, out))
                     return false;
@@ -321,7 +319,8 @@ bool ZorvoData::ExcavationErrors(std::vector<CString>& messages, bool& cancelled
                                         L"excavation must not be lower than the base level. ",
                                         e, name));
         const bool surfaceOnly =
-            SurfaceOnly(Curve(*this, GeoGlobal::eHorizontal, x.GetGMCurve(GeoGlobal::eHorizontal))) ||
+            SurfaceOnly(
+                Curve(*this, GeoGlobal::eHorizontal, x.GetGMCurve(GeoGlobal::eHorizontal))) ||
             SurfaceOnly(Curve(*this, GeoGlobal::eVertical, x.GetGMCurve(GeoGlobal::eVertical)));
         if (surfaceOnly && x.GetAllowGMCalcnToLevel() &&
             x.GetAllowGMCalcnToLevelValue() > x.GetSurfaceLevel())

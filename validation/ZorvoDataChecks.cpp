@@ -326,7 +326,7 @@ bool ZorvoData::StageErrors(std::vector<CString>& messages, bool& cancelled,
         if (sp.NumValues() == 0)
             pass.Add(CString::Formatted(Message(190).GetString(), p));
         const int type = sp.GetElementType();
-        const int records = type == eElementTunnel                 ? NumTunnels()
+        const int records = type == eElementTunnel                ? NumTunnels()
                             : type == eElementPolygonalExcavation ? NumPolygonalExcavations()
                                                                   : NumCircularExcavations();
         const int highest = sp.GetRefs().MaxItem(0);
