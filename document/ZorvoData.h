@@ -189,7 +189,9 @@ class ZorvoData : public LodraZorvoData {
     bool ExcavationErrors(std::vector<CString>& messages) const;
     // What a run will do with the excavations as they stand: summed without interaction,
     // re-entrant corners, displacement data out of reach of their curves. Not const: it
-    // fills the intersection sets of the excavations afresh, which the host reads after it.
+    // fills the intersection sets of the excavations afresh for the host to read after it,
+    // and a const document is one that threads may share, so the write is kept in sight
+    // rather than hidden in mutable sets.
     bool ExcavationWarnings(std::vector<CString>& messages, bool& cancelled,
                             const SCheckArgs& args = {});
     bool ExcavationWarnings(std::vector<CString>& messages);

@@ -449,10 +449,10 @@ void CheckPolygonalExcavation(const ZorvoData& doc, const CPolygonalExcavation& 
         const CExcavationCorner& last = e.GetExcavationCornerRef(nc);
         for (GeoGlobal::EDirection d : {GeoGlobal::eHorizontal, GeoGlobal::eVertical}) {
             const int index = last.GetGMCurve(d);
-            if (!doc.GMCurveExists(d, index + 1)) {
+            if (index < 0 || index >= doc.NumGMCurves(d)) {
                 const char* word = d == GeoGlobal::eVertical ? "vertical" : "horizontal";
                 f.Error("side " + std::to_string(nc) + ", which closes the wall line, uses " +
-                        word + " curve " + std::to_string(index + 1) + ", but there are " +
+                        word + " curve " + std::to_string(index + 1LL) + ", but there are " +
                         std::to_string(doc.NumGMCurves(d)) + " " + word +
                         " curves; choose one of them");
             }

@@ -6,6 +6,8 @@
 #include "base/CIntersect.h"
 #include "base/CResourceStrings.h"
 
+#include <algorithm>
+#include <climits>
 #include <cmath>
 
 namespace Tevra::Data {
@@ -34,7 +36,7 @@ CString Message(int id) { return CResourceStrings::Load(id); }
 
 // The curve of a 0-based index of a direction, or null when the list has none there.
 const CGMCurve* Curve(const ZorvoData& doc, GeoGlobal::EDirection d, int index) {
-    return doc.GMCurveExists(d, index + 1) ? &doc.GetGMCurve(d, index + 1) : nullptr;
+    return index >= 0 && index < doc.NumGMCurves(d) ? &doc.GetGMCurve(d, index + 1) : nullptr;
 }
 
 // Whether a curve exists and acts at the surface alone. A missing curve is neither
@@ -86,8 +88,12 @@ double PlanDistance(const Vec2<double>& a, const Vec2<double>& b) {
 // with the first of each kind as the example: kind 0 for a surface curve (or any
 // sub-surface curve), kind 1 for a surface curve taken down to a level.
 struct SOutOfReach {
-    int count[2] = {0, 0};
+    long long count[2] = {0, 0};
     CString example[2];
+    // The others beside the example, as the texts count them.
+    int Others(int kind) const {
+        return static_cast<int>(std::min<long long>(count[kind] - 1, INT_MAX));
+    }
 };
 
 // The levels (metres) of an excavation against which the records are tested.
@@ -492,7 +498,7 @@ bool ZorvoData::ExcavationWarnings(std::vector<CString>& messages, bool& cancell
             L"level with the embedded wall excavation's 'surface level'. Others are ignored.  An "
             L"example of such a combination, for which displacements will not be calculated is "
             L"%s. This is an example only. There are %i others.",
-            surface.example[0].GetString(), surface.count[0] - 1));
+            surface.example[0].GetString(), surface.Others(0)));
     if (surface.count[1] > 0)
         pass.Add(CString::Formatted(
             L"If an embedded wall excavation is assigned a 'surface' ground movement curve and "
@@ -501,7 +507,7 @@ bool ZorvoData::ExcavationWarnings(std::vector<CString>& messages, bool& cancell
             L"points below the surface to the level specified. Others are ignored.  An example "
             L"of such a combination, for which displacements will not be calculated is %s. This "
             L"is an example only. There are %i others.",
-            surface.example[1].GetString(), surface.count[1] - 1));
+            surface.example[1].GetString(), surface.Others(1)));
     SOutOfReach subSurface;
     if (!WalkExcavations(*this, pass, false, subSurface))
         return pass.Cancelled();
@@ -512,7 +518,7 @@ bool ZorvoData::ExcavationWarnings(std::vector<CString>& messages, bool& cancell
             L"level with or below the embedded wall excavation's 'surface level'. Others are "
             L"ignored.  An example of such a combination, for which displacements will not be "
             L"calculated is %s. This is an example only. There are %i others.",
-            subSurface.example[0].GetString(), subSurface.count[0] - 1));
+            subSurface.example[0].GetString(), subSurface.Others(0)));
     return pass.Finish();
 }
 
