@@ -43,6 +43,16 @@ const Entry kTable[] = {
     {3808, L"Positive"},
     {3809, L"Negative"},
     {3886, L"Base Model"},
+    {3904, L"The following polygonal excavations have one or more re-entrant corners: %s. "},
+    {3905, L"The use of re-entrant corners is permitted but not recommended.\n\nCIRIA C580/C760, "
+           L"on which Zorvo's method for modelling ground movements behind walls of excavations "
+           L"is based, considers only movements for points lying at right angles behind single "
+           L"walls.  It does not consider how movements should be calculated within the zone of "
+           L"influence of re-entrant corners, i.e. where movements would be influenced by two "
+           L"walls adjacent to the re-entrant corner.  Zorvo will merely sum the effects from "
+           L"both walls, making no allowance for interaction or stiffening of the corner.\n\n"
+           L"Re-entrant corners should be used with caution.  Results in their vicinity should "
+           L"be validated independently."},
     {4072, L"Stage Property %i refers to %s %i, but only %i %s have been specified."},
     // Titles of the record families (49616, the first, has no text).
     {31587, L"Checking for %s..."},

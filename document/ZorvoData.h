@@ -182,11 +182,24 @@ class ZorvoData : public LodraZorvoData {
                         const SCheckArgs& args = {}) const;
     bool StageErrors(std::vector<CString>& messages, bool& cancelled,
                      const SCheckArgs& args = {}) const;
+    // Excavations that cannot be analysed: unpaired standard curves, missing or
+    // incomplete curves, levels out of order, shafts without a diameter.
+    bool ExcavationErrors(std::vector<CString>& messages, bool& cancelled,
+                          const SCheckArgs& args = {}) const;
+    bool ExcavationErrors(std::vector<CString>& messages) const;
+    // What a run will do with the excavations as they stand: summed without interaction,
+    // re-entrant corners, displacement data out of reach of their curves. Not const: it
+    // fills the intersection sets of the excavations afresh for the host to read after it,
+    // and a const document is one that threads may share, so the write is kept in sight
+    // rather than hidden in mutable sets.
+    bool ExcavationWarnings(std::vector<CString>& messages, bool& cancelled,
+                            const SCheckArgs& args = {});
+    bool ExcavationWarnings(std::vector<CString>& messages);
     // Every error pass but the general one, each with a list of its own; does not stop
     // at a finding.
     bool ErrorsExist() const;
-    // Every warning pass.
-    bool WarningsExist() const;
+    // Every warning pass; fills the intersection sets of the excavations.
+    bool WarningsExist();
 
     // Whether a point lies outside the range of the Mair et al. sub-surface method for
     // tunnel t in a stage: a z/zo ratio above 0.8, or below the tunnel's crown.

@@ -32,7 +32,7 @@ bool HostSession::Report(const std::vector<SanityChecks::SFinding>& findings) {
     return errors;
 }
 
-HostSession::ECheck HostSession::Check(const ZorvoData& doc, int threads) {
+HostSession::ECheck HostSession::Check(ZorvoData& doc, int threads) {
     SCheckArgs args;
     args.event = m_interrupt;
     std::vector<CString> m;
@@ -55,10 +55,12 @@ HostSession::ECheck HostSession::Check(const ZorvoData& doc, int threads) {
         error(doc.GeneralErrors(m, cancelled, args)) &&
         error(doc.TunnelErrors(m, cancelled, args)) && error(doc.DisplacementPointErrors(m)) &&
         error(doc.DisplacementLineErrors(m)) && error(doc.DisplacementPolylineErrors(m)) &&
-        error(doc.DisplacementGridErrors(m)) && error(doc.StageErrors(m, cancelled, args)) &&
+        error(doc.DisplacementGridErrors(m)) && error(doc.ExcavationErrors(m, cancelled, args)) &&
+        error(doc.StageErrors(m, cancelled, args)) &&
         warning(doc.TunnelWarnings(m, cancelled, args)) &&
         warning(doc.DisplacementPointWarnings(m)) && warning(doc.DisplacementLineWarnings(m)) &&
-        warning(doc.DisplacementPolylineWarnings(m)) && warning(doc.DisplacementGridWarnings(m));
+        warning(doc.DisplacementPolylineWarnings(m)) && warning(doc.DisplacementGridWarnings(m)) &&
+        warning(doc.ExcavationWarnings(m, cancelled, args));
     if (!ran)
         return eCancelled;
 

@@ -41,7 +41,8 @@ class HostSession {
     enum ECheck { eClean, eErrors, eCancelled };
     // The library's error and warning passes, then the host's own checks of the inputs
     // and of the run's size on this machine with that many threads; prints every finding.
-    ECheck Check(const Data::ZorvoData& doc, int threads);
+    // The excavation warnings fill the document's intersection sets.
+    ECheck Check(Data::ZorvoData& doc, int threads);
 
     // Prints the host's own findings; answers whether any is an error.
     bool Report(const std::vector<SanityChecks::SFinding>& findings);

@@ -2,6 +2,7 @@
 
 #include "base/SystemMemory.h"
 
+#include <algorithm>
 #include <climits>
 #include <cmath>
 #include <cstdio>
@@ -32,6 +33,14 @@ constexpr double kEvaluationsPerCoreSecond = 1e7;
 constexpr double kMineCost = 100.0;
 // Runs that take longer than this are worth a word before they start (seconds).
 constexpr double kLongRun = 3600.0;
+// Excavations. Deeper than any embedded wall or shaft built for a basement or tunnel
+// (metres): a warning.
+constexpr double kDeepestWall = 200.0;
+// Wider than any shaft sunk (metres): a warning.
+constexpr double kWidestShaft = 200.0;
+// Outlines with more vertices than this are not searched for crossing sides, a search
+// that grows with the square of the vertices.
+constexpr int kMostVerticesSearched = 5000;
 
 std::string Number(double v) {
     if (std::isnan(v))
@@ -245,6 +254,262 @@ void CheckMine(const GeoMine& m, RecordFindings& f) {
     }
 }
 
+// The levels every excavation has: the surface level and, when surface curves are taken
+// down to a level, that level.
+void CheckExcavationLevels(const CExcavation& e, RecordFindings& f) {
+    f.Coordinate("the surface level", e.GetSurfaceLevel());
+    if (e.GetAllowGMCalcnToLevel())
+        f.Coordinate("the level to which surface curves are applied",
+                     e.GetAllowGMCalcnToLevelValue());
+}
+
+// A wall's depth at its base levels (metres): none at one of them is a fault, since a
+// curve is scaled by the depth and a point on the wall line then gets 0 / 0; a wall
+// deeper than any built is a warning. The first base level at fault stands for the rest.
+void CheckWallDepth(double surface, const std::vector<double>& bases, bool one, RecordFindings& f) {
+    if (!(std::fabs(surface) <= kFarthest))
+        return; // reported as a level
+    auto where = [one](size_t k) {
+        return one ? std::string("the base level") : "base level " + std::to_string(k + 1);
+    };
+    size_t deepest = bases.size();
+    for (size_t k = 0; k < bases.size(); ++k) {
+        if (bases[k] == surface) {
+            f.Error(where(k) + " equals the surface level (" + Number(surface) +
+                    " m): the wall there has no depth, and points on its line get no value; "
+                    "give a base level below the surface level");
+            return;
+        }
+        if (std::fabs(bases[k]) <= kFarthest &&
+            (deepest == bases.size() || bases[k] < bases[deepest]))
+            deepest = k;
+    }
+    if (deepest < bases.size() && surface - bases[deepest] > kDeepestWall)
+        f.Warning(where(deepest) + " is " + Number(surface - bases[deepest]) +
+                  " m below the surface level, deeper than any embedded wall built; check the "
+                  "levels and their unit");
+}
+
+double Cross(const Vec2<double>& o, const Vec2<double>& a, const Vec2<double>& b) {
+    return (a.x - o.x) * (b.y - o.y) - (a.y - o.y) * (b.x - o.x);
+}
+
+// Whether q, known to lie on the line through a and b, lies within their extent.
+bool WithinExtent(const Vec2<double>& a, const Vec2<double>& b, const Vec2<double>& q) {
+    return std::min(a.x, b.x) <= q.x && q.x <= std::max(a.x, b.x) && std::min(a.y, b.y) <= q.y &&
+           q.y <= std::max(a.y, b.y);
+}
+
+// Whether the sides pq and rs cross or touch.
+bool SidesMeet(const Vec2<double>& p, const Vec2<double>& q, const Vec2<double>& r,
+               const Vec2<double>& s) {
+    const double d1 = Cross(r, s, p), d2 = Cross(r, s, q);
+    const double d3 = Cross(p, q, r), d4 = Cross(p, q, s);
+    if (((d1 > 0 && d2 < 0) || (d1 < 0 && d2 > 0)) && ((d3 > 0 && d4 < 0) || (d3 < 0 && d4 > 0)))
+        return true;
+    return (d1 == 0 && WithinExtent(r, s, p)) || (d2 == 0 && WithinExtent(r, s, q)) ||
+           (d3 == 0 && WithinExtent(p, q, r)) || (d4 == 0 && WithinExtent(p, q, s));
+}
+
+// The wall line of a polygonal excavation: coincident vertices, no enclosed area, sides
+// that cross. Its vertices are finite and within the site grids.
+void CheckOutline(const CPolygonalExcavation& e, RecordFindings& f) {
+    const double tol = CPolygonalExcavation::POLYGON_TOLERANCE;
+    const std::vector<Vec2<double>>& v = e.GetPolygon().Points();
+    const size_t n = v.size();
+    auto dist = [](const Vec2<double>& a, const Vec2<double>& b) {
+        return std::hypot(b.x - a.x, b.y - a.y);
+    };
+    // The vertices that make the wall, coincident ones dropped as the crossing test of the
+    // library drops them, by their index in the record.
+    std::vector<size_t> kept;
+    for (size_t i = 0; i < n; ++i)
+        if (kept.empty() || dist(v[kept.back()], v[i]) > tol)
+            kept.push_back(i);
+    while (kept.size() > 1 && dist(v[kept.back()], v[kept.front()]) <= tol)
+        kept.pop_back();
+    for (size_t i = 0; i < n; ++i) {
+        const size_t j = (i + 1) % n;
+        const double d = dist(v[i], v[j]);
+        if (d <= tol) {
+            f.Warning("vertices " + std::to_string(i + 1) + " and " + std::to_string(j + 1) +
+                      " are " + Number(d) +
+                      " m apart, within the 0.001 m to which the wall line is drawn: side " +
+                      std::to_string(i + 1) + " is no real wall; delete one of the two vertices");
+            break; // the first stands for the rest
+        }
+    }
+
+    const size_t m = kept.size();
+    double twiceArea = 0.0, perimeter = 0.0;
+    for (size_t k = 0; k < m; ++k) {
+        const Vec2<double> a = v[kept[k]] - v[kept[0]], b = v[kept[(k + 1) % m]] - v[kept[0]];
+        twiceArea += a.x * b.y - a.y * b.x;
+        perimeter += dist(a, b);
+    }
+    // An outline no wider than the tolerance anywhere: twice its area over its perimeter
+    // is its width for a thin strip.
+    if (m < 3 || std::fabs(twiceArea) <= tol * perimeter) {
+        f.Error("its wall line encloses no area (its vertices lie on one line): it has no "
+                "inside and its walls have no side to move towards; give the vertices of the "
+                "excavation's outline");
+        return;
+    }
+    if (m > static_cast<size_t>(kMostVerticesSearched)) {
+        f.Warning("its wall line has " + std::to_string(n) +
+                  " vertices, too many to search for sides that cross; check the outline");
+        return;
+    }
+    for (size_t a = 0; a < m; ++a) {
+        const Vec2<double>& p = v[kept[a]];
+        const Vec2<double>& q = v[kept[(a + 1) % m]];
+        for (size_t b = a + 1; b < m; ++b) {
+            const Vec2<double>& r = v[kept[b]];
+            const Vec2<double>& s = v[kept[(b + 1) % m]];
+            bool meet;
+            if (b == a + 1 || (a == 0 && b == m - 1)) {
+                // Neighbours share a vertex: they meet elsewhere only by turning back.
+                const Vec2<double> u = q - p, w = s - r;
+                meet = u.x * w.y - u.y * w.x == 0.0 && u.x * w.x + u.y * w.y < 0.0;
+            } else {
+                meet = SidesMeet(p, q, r, s);
+            }
+            if (meet) {
+                f.Error("sides " + std::to_string(kept[a] + 1) + " and " +
+                        std::to_string(kept[b] + 1) +
+                        " of its wall line meet: the outline crosses or touches itself, and its "
+                        "inside is not one area; give the vertices in order round the excavation");
+                return;
+            }
+        }
+    }
+}
+
+// The stiffening of one side at a corner: the distance d over which movement recovers
+// (metres) and the factors p1* and p2*, read only at a stiffened corner.
+void CheckStiffening(const std::string& side, double d, double p1Star, double p2Star,
+                     RecordFindings& f) {
+    if (f.Finite(side + " d", d, "the distance along the wall in metres") && d < 0.0)
+        f.Error(side + " d is " + Number(d) + " m; give a distance of 0 or more");
+    // p1* is the middle point of the table that p2 is read off between 0 and 1.
+    if (f.Finite(side + " p1*", p1Star, "a factor above 0 and below 1") &&
+        !(p1Star > 0.0 && p1Star < 1.0))
+        f.Error(side + " p1* is " + Number(p1Star) +
+                "; give a factor above 0 and below 1 (1 is no stiffening: clear the corner's "
+                "stiffened flag instead)");
+    if (f.Finite(side + " p2*", p2Star, "a factor from 0 to 1") && (p2Star < 0.0 || p2Star > 1.0))
+        f.Warning(side + " p2* is " + Number(p2Star) +
+                  ", outside 0 to 1: the fan around the corner takes more than the whole "
+                  "movement of a wall, or less than none; check it");
+}
+
+void CheckTransitionZone(const std::string& side, double fraction, RecordFindings& f) {
+    if (f.Finite(side + " transition zone fraction", fraction, "a fraction from 0 to 1") &&
+        (fraction < 0.0 || fraction > 1.0))
+        f.Warning(side + " transition zone fraction is " + Number(fraction) +
+                  ", outside 0 to 1; check it");
+}
+
+void CheckPolygonalExcavation(const ZorvoData& doc, const CPolygonalExcavation& e,
+                              RecordFindings& f) {
+    const int nv = e.NumCoords(), nb = e.NumBaseLevels(), nc = e.NumExcavationCorners();
+    if (nv < 3)
+        f.Error("its wall line has " + std::to_string(nv) + (nv == 1 ? " vertex" : " vertices") +
+                "; give at least three");
+    if (nb != nv || nc != nv)
+        f.Error("it has " + std::to_string(nv) + " vertices, " + std::to_string(nb) +
+                " base levels and " + std::to_string(nc) +
+                " corners; give one base level and one corner per vertex");
+
+    CheckExcavationLevels(e, f);
+    bool ordinary = true;
+    for (int k = 1; k <= nv; ++k) {
+        const Vec2<double>& p = e.GetCoord(k);
+        if (!(std::fabs(p.x) <= kFarthest && std::fabs(p.y) <= kFarthest)) {
+            f.Coordinate("vertex " + std::to_string(k) + " x", p.x);
+            f.Coordinate("vertex " + std::to_string(k) + " y", p.y);
+            ordinary = false;
+            break; // the first vertex at fault stands for the rest
+        }
+    }
+    for (int k = 1; k <= nb; ++k) {
+        const double z = e.GetBaseLevel(k);
+        if (!(std::fabs(z) <= kFarthest)) {
+            f.Coordinate("base level " + std::to_string(k), z);
+            break;
+        }
+    }
+    CheckWallDepth(e.GetSurfaceLevel(), e.GetBaseLevels(), false, f);
+    if (ordinary && nv >= 3)
+        CheckOutline(e, f);
+
+    // The library's pass tests the curves of every side but the last, which closes the
+    // outline; a run reads that one too.
+    if (nc >= 1) {
+        const CExcavationCorner& last = e.GetExcavationCornerRef(nc);
+        for (GeoGlobal::EDirection d : {GeoGlobal::eHorizontal, GeoGlobal::eVertical}) {
+            const int index = last.GetGMCurve(d);
+            if (index < 0 || index >= doc.NumGMCurves(d)) {
+                const char* word = d == GeoGlobal::eVertical ? "vertical" : "horizontal";
+                f.Error("side " + std::to_string(nc) + ", which closes the wall line, uses " +
+                        word + " curve " + std::to_string(index + 1LL) + ", but there are " +
+                        std::to_string(doc.NumGMCurves(d)) + " " + word +
+                        " curves; choose one of them");
+            }
+        }
+    }
+    for (int c = 1; c <= nc; ++c) {
+        const CExcavationCorner& k = e.GetExcavationCornerRef(c);
+        const std::string corner = "corner " + std::to_string(c) + ": ";
+        if (k.GetStiffened()) {
+            CheckStiffening(corner + "the previous side's", k.GetPreviousEdge_d(),
+                            k.GetPreviousEdge_p1Star(), k.GetPreviousEdge_p2Star(), f);
+            CheckStiffening(corner + "the next side's", k.GetNextEdge_d(), k.GetNextEdge_p1Star(),
+                            k.GetNextEdge_p2Star(), f);
+        }
+        // The transition zones widen the smoothing fan of re-entrant corners, read in
+        // smoothed stages alone.
+        if (doc.IsSmoothingOn()) {
+            CheckTransitionZone(corner + "the previous side's",
+                                k.GetPreviousEdge_TransitionZoneFraction(), f);
+            CheckTransitionZone(corner + "the next side's", k.GetNextEdge_TransitionZoneFraction(),
+                                f);
+        }
+    }
+}
+
+void CheckCircularExcavation(const CCircularExcavation& e, RecordFindings& f) {
+    f.Coordinate("centre x", e.GetCentre().x);
+    f.Coordinate("centre y", e.GetCentre().y);
+    CheckExcavationLevels(e, f);
+    f.Coordinate("the base level", e.GetBaseLevel());
+    CheckWallDepth(e.GetSurfaceLevel(), {e.GetBaseLevel()}, true, f);
+    // A diameter of 0 or below is the library's error.
+    const double D = e.GetDiameter();
+    if (f.Finite("the diameter", D, "the shaft's diameter in metres") && D > kWidestShaft)
+        f.Warning("the diameter is " + Number(D) + " m, wider than any shaft sunk; check its unit");
+}
+
+void CheckImportedSet(const CImportedDisplacementsSet& set, RecordFindings& f) {
+    const std::vector<CImportedDisplacement>& all = set.GetDisplacements();
+    size_t bad = 0, first = 0;
+    for (size_t k = 0; k < all.size(); ++k) {
+        const CImportedDisplacement& d = all[k];
+        const bool finite = std::isfinite(d.GetXpoint()) && std::isfinite(d.GetYpoint()) &&
+                            std::isfinite(d.GetZpoint()) && std::isfinite(d.GetXdisplacement()) &&
+                            std::isfinite(d.GetYdisplacement()) &&
+                            std::isfinite(d.GetZdisplacement());
+        if (!finite && bad++ == 0)
+            first = k + 1;
+    }
+    if (bad > 0)
+        f.Error(std::to_string(bad) + " of its " + std::to_string(all.size()) +
+                " displacements hold a value that is not a finite number, the first number " +
+                std::to_string(first) +
+                "; they would be added to the results where samples coincide: give their "
+                "points and displacements as numbers");
+}
+
 void CheckStageProperty(const CStageProperty& p, RecordFindings& f) {
     const std::vector<double>& v = p.GetValues();
     for (size_t k = 0; k < v.size(); ++k) {
@@ -322,11 +587,25 @@ std::vector<SanityChecks::SFinding> SanityChecks::Inputs(const ZorvoData& doc) {
             RecordFindings f(out, Label("Tunnel", t, doc.GetTunnel(t).GetName()));
             CheckTunnel(doc.GetTunnel(t), f);
         }
+        for (int e = 1; e <= doc.NumPolygonalExcavations(); ++e) {
+            const CPolygonalExcavation& x = doc.GetPolygonalExcavation(e);
+            RecordFindings f(out, Label("Polygonal excavation", e, x.GetName()));
+            CheckPolygonalExcavation(doc, x, f);
+        }
+        for (int e = 1; e <= doc.NumCircularExcavations(); ++e) {
+            const CCircularExcavation& x = doc.GetCircularExcavation(e);
+            RecordFindings f(out, Label("Circular excavation", e, x.GetName()));
+            CheckCircularExcavation(x, f);
+        }
     } else {
         for (int m = 1; m <= doc.NumMines(); ++m) {
             RecordFindings f(out, Label("Mine", m, doc.GetMine(m).GetName()));
             CheckMine(doc.GetMine(m), f);
         }
+    }
+    for (int n = 1; n <= doc.NumImportedDisplacementsSets(); ++n) {
+        RecordFindings f(out, Label("Imported set", n, doc.GetImportedDisplacementsSet(n).Name()));
+        CheckImportedSet(doc.GetImportedDisplacementsSet(n), f);
     }
     for (int p = 1; p <= doc.NumStageProperties(); ++p) {
         RecordFindings f(out, Label("Stage property", p, doc.GetStageProperty(p).Name()));

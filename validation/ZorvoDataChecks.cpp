@@ -155,9 +155,10 @@ bool ZorvoData::GeneralErrors(std::vector<CString>& messages, bool& cancelled,
     CCheckPass pass(messages, cancelled, args, L"errors", kGeneralErrorsCode);
     if (pass.Stopped())
         return pass.Cancelled();
-    const int importedSets = 0; // the project holds no imported displacement sets yet
+    const int importedSets = NumImportedDisplacementsSets();
     if (m_general.GetProblemType() == eGroundMovement) {
-        if (NumTunnels() == 0 && importedSets == 0)
+        if (NumTunnels() + NumPolygonalExcavations() + NumCircularExcavations() == 0 &&
+            importedSets == 0)
             pass.Add(Message(57));
     } else if (m_general.GetProblemType() == eMine) {
         if (NumMines() == 0 && importedSets == 0)
@@ -284,8 +285,8 @@ bool ZorvoData::StageErrors(std::vector<CString>& messages, bool& cancelled,
         const CBasicList& (CStage::*list)() const;
     } families[] = {
         {3588, NumTunnels(), &CStage::GetTunnels},
-        {3589, 0, &CStage::GetPolygonalExcavations},
-        {3590, 0, &CStage::GetCircularExcavations},
+        {3589, NumPolygonalExcavations(), &CStage::GetPolygonalExcavations},
+        {3590, NumCircularExcavations(), &CStage::GetCircularExcavations},
     };
     long long entries = 0;
     for (int i = 1; i <= count; ++i) {
@@ -325,7 +326,9 @@ bool ZorvoData::StageErrors(std::vector<CString>& messages, bool& cancelled,
         if (sp.NumValues() == 0)
             pass.Add(CString::Formatted(Message(190).GetString(), p));
         const int type = sp.GetElementType();
-        const int records = type == eElementTunnel ? NumTunnels() : 0;
+        const int records = type == eElementTunnel                ? NumTunnels()
+                            : type == eElementPolygonalExcavation ? NumPolygonalExcavations()
+                                                                  : NumCircularExcavations();
         const int highest = sp.GetRefs().MaxItem(0);
         if (highest > records)
             pass.Add(CString::Formatted(Message(4072).GetString(), p, ELEMENT_TYPE_STRING_IDS[type],
@@ -343,11 +346,12 @@ bool ZorvoData::ErrorsExist() const {
     any |= DisplacementLineErrors(messages);
     any |= DisplacementPolylineErrors(messages);
     any |= DisplacementGridErrors(messages);
+    any |= ExcavationErrors(messages, cancelled);
     any |= StageErrors(messages, cancelled);
     return any;
 }
 
-bool ZorvoData::WarningsExist() const {
+bool ZorvoData::WarningsExist() {
     std::vector<CString> messages;
     bool cancelled = false;
     bool any = false;
@@ -356,6 +360,7 @@ bool ZorvoData::WarningsExist() const {
     any |= DisplacementLineWarnings(messages);
     any |= DisplacementPolylineWarnings(messages);
     any |= DisplacementGridWarnings(messages);
+    any |= ExcavationWarnings(messages, cancelled);
     return any;
 }
 

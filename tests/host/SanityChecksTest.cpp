@@ -1,10 +1,12 @@
 #include "host/SanityChecks.h"
+#include "host/HostSession.h"
 
 #include <gtest/gtest.h>
 
 #include <cmath>
 #include <functional>
 #include <limits>
+#include <sstream>
 
 using namespace Tevra;
 using namespace Tevra::Data;
@@ -38,6 +40,37 @@ GeoMine Mine() {
     m.SetUpperAngleOfDraw(25.0);
     m.SetYCentreLine2(400.0);
     return m;
+}
+
+// A square pit of 10 m with its lists complete: surface 100 m, base 90 m.
+CPolygonalExcavation Pit() {
+    CPolygonalExcavation e;
+    e.SetName(L"P");
+    const Vec2<double> v[4] = {{0, 0}, {10, 0}, {10, 10}, {0, 10}};
+    for (int k = 1; k <= 4; ++k) {
+        e.SetCoord(k, v[k - 1]);
+        e.SetBaseLevel(k, 90.0);
+        e.SetExcavationCorner(k, CExcavationCorner());
+    }
+    return e;
+}
+
+// Replaces the vertices of a pit, with a base level and a corner for each.
+void Outline(CPolygonalExcavation& e, const std::vector<Vec2<double>>& v) {
+    CPolygon p;
+    for (const auto& q : v)
+        p.AddPoint(q);
+    e.SetPolygon(p);
+    e.SetBaseLevels(std::vector<double>(v.size(), 90.0));
+    e.SetExcavationCorners(std::vector<CExcavationCorner>(v.size()));
+}
+
+CCircularExcavation Shaft() {
+    CCircularExcavation e;
+    e.SetName(L"S");
+    e.SetDiameter(6.0);
+    e.SetBaseLevel(80.0);
+    return e;
 }
 
 } // namespace
@@ -182,4 +215,197 @@ TEST(SanityChecks, ResultsThatAreNotFiniteAreCountedByRecordAndStage) {
     EXPECT_EQ(Lines(SanityChecks::Results(doc)),
               "E Line 1 \"Section\", stage 0 (Base Model): 2 of 3 samples hold a value that is "
               "not a finite number; they mean nothing: check the inputs of that stage\n");
+}
+
+// Faults of excavations and imported sets that the library's passes leave alone, one
+// record per row.
+TEST(SanityChecks, ExcavationsAndImportedSets) {
+    const std::string P = "Polygonal excavation 1 \"P\": ";
+    const std::string S = "Circular excavation 1 \"S\": ";
+    const struct {
+        const char* what;
+        std::function<void(ZorvoData&, CPolygonalExcavation&, CCircularExcavation&)> change;
+        std::string expected;
+    } cases[] = {
+        {"sound pit and shaft", [](ZorvoData&, CPolygonalExcavation&, CCircularExcavation&) {}, ""},
+        {"two vertices",
+         [](ZorvoData&, CPolygonalExcavation& e, CCircularExcavation&) {
+             Outline(e, {{0, 0}, {10, 0}});
+         },
+         "E " + P + "its wall line has 2 vertices; give at least three\n"},
+        {"a base level short",
+         [](ZorvoData&, CPolygonalExcavation& e, CCircularExcavation&) {
+             e.SetBaseLevels({90.0, 90.0, 90.0});
+         },
+         "E " + P +
+             "it has 4 vertices, 3 base levels and 4 corners; give one base level and "
+             "one corner per vertex\n"},
+        {"coincident vertices",
+         [](ZorvoData&, CPolygonalExcavation& e, CCircularExcavation&) {
+             Outline(e, {{0, 0}, {10, 0}, {10, 0.0005}, {10, 10}, {0, 10}});
+         },
+         "W " + P +
+             "vertices 2 and 3 are 0.0005 m apart, within the 0.001 m to which the wall "
+             "line is drawn: side 2 is no real wall; delete one of the two vertices\n"},
+        {"vertices on one line",
+         [](ZorvoData&, CPolygonalExcavation& e, CCircularExcavation&) {
+             Outline(e, {{0, 0}, {5, 0}, {10, 0}});
+         },
+         "E " + P +
+             "its wall line encloses no area (its vertices lie on one line): it has no "
+             "inside and its walls have no side to move towards; give the vertices of "
+             "the excavation's outline\n"},
+        // Side 2 from (10, 0) to (0, 10) and side 4 from (4, 10) to (0, 0) cross at
+        // (2.86, 7.14); the outline still encloses 30 m².
+        {"a crossing outline",
+         [](ZorvoData&, CPolygonalExcavation& e, CCircularExcavation&) {
+             Outline(e, {{0, 0}, {10, 0}, {0, 10}, {4, 10}});
+         },
+         "E " + P +
+             "sides 2 and 4 of its wall line meet: the outline crosses or touches "
+             "itself, and its inside is not one area; give the vertices in order round "
+             "the excavation\n"},
+        // 13 horizontal curves, numbered 1 to 13: index 13 is curve 14.
+        {"the closing side's curve",
+         [](ZorvoData&, CPolygonalExcavation& e, CCircularExcavation&) {
+             CExcavationCorner c;
+             c.SetGMCurve(GeoGlobal::eHorizontal, 13);
+             e.SetExcavationCorner(4, c);
+         },
+         "E " + P +
+             "side 4, which closes the wall line, uses horizontal curve 14, but there "
+             "are 13 horizontal curves; choose one of them\n"},
+        {"walls of no depth, then too deep",
+         [](ZorvoData&, CPolygonalExcavation& e, CCircularExcavation& s) {
+             e.SetBaseLevels({90.0, 100.0, 90.0, -150.0});
+             s.SetBaseLevel(-120.0);
+         },
+         "E " + P +
+             "base level 2 equals the surface level (100 m): the wall there has no "
+             "depth, and points on its line get no value; give a base level below the "
+             "surface level\n"
+             "W " +
+             S +
+             "the base level is 220 m below the surface level, deeper than any embedded "
+             "wall built; check the levels and their unit\n"},
+        {"values that are no numbers or too far",
+         [](ZorvoData&, CPolygonalExcavation& e, CCircularExcavation& s) {
+             e.SetCoord(2, {kNaN, 0.0});
+             e.SetSurfaceLevel(1.5e8);
+             s.SetDiameter(kNaN);
+         },
+         "E " + P +
+             "the surface level is 1.5e+08 m, farther from the origin than any site grid "
+             "reaches (1e8 m); check the coordinate and its unit\n"
+             "E " +
+             P +
+             "vertex 2 x is NaN; give a coordinate in metres\n"
+             "E " +
+             S + "the diameter is NaN; give the shaft's diameter in metres\n"},
+        // Stiffening is read at a stiffened corner alone, transition zones with smoothing on.
+        {"stiffening and transition zones",
+         [](ZorvoData& d, CPolygonalExcavation& e, CCircularExcavation& s) {
+             CExcavationCorner c;
+             c.SetPreviousEdge_d(-1.0);
+             c.SetPreviousEdge_p1Star(1.0);
+             c.SetNextEdge_p2Star(1.5);
+             c.SetNextEdge_TransitionZoneFraction(kNaN);
+             e.SetExcavationCorner(1, c);
+             c.SetStiffened(true);
+             e.SetExcavationCorner(2, c);
+             CReEntrantCornerOptions smoothing;
+             smoothing.SetReEntrantCornerSmoothing(true);
+             d.SetReEntrantCornerOptions(smoothing);
+             s.SetDiameter(300.0);
+         },
+         "E " + P +
+             "corner 1: the next side's transition zone fraction is NaN; give a "
+             "fraction from 0 to 1\n"
+             "E " +
+             P +
+             "corner 2: the previous side's d is -1 m; give a distance of 0 or more\n"
+             "E " +
+             P +
+             "corner 2: the previous side's p1* is 1; give a factor above 0 and below 1 "
+             "(1 is no stiffening: clear the corner's stiffened flag instead)\n"
+             "W " +
+             P +
+             "corner 2: the next side's p2* is 1.5, outside 0 to 1: the fan around the "
+             "corner takes more than the whole movement of a wall, or less than none; "
+             "check it\n"
+             "E " +
+             P +
+             "corner 2: the next side's transition zone fraction is NaN; give a "
+             "fraction from 0 to 1\n"
+             "W " +
+             S + "the diameter is 300 m, wider than any shaft sunk; check its unit\n"},
+        {"a shaft of no depth; one of no diameter is the library's error",
+         [](ZorvoData&, CPolygonalExcavation&, CCircularExcavation& s) {
+             s.SetBaseLevel(100.0);
+             s.SetDiameter(0.0);
+         },
+         "E " + S +
+             "the base level equals the surface level (100 m): the wall there has no "
+             "depth, and points on its line get no value; give a base level below the "
+             "surface level\n"},
+        {"an imported set",
+         [](ZorvoData& d, CPolygonalExcavation&, CCircularExcavation&) {
+             CImportedDisplacementsSet set(L"Survey");
+             CImportedDisplacement v;
+             set.AddDisplacement(v);
+             v.SetZdisplacement(kNaN);
+             set.AddDisplacement(v);
+             v.SetZdisplacement(0.0);
+             v.SetXpoint(std::numeric_limits<double>::infinity());
+             set.AddDisplacement(v);
+             d.SetImportedDisplacementsSet(1, set);
+         },
+         "E Imported set 1 \"Survey\": 2 of its 3 displacements hold a value that is not a "
+         "finite number, the first number 2; they would be added to the results where samples "
+         "coincide: give their points and displacements as numbers\n"},
+    };
+    for (const auto& c : cases) {
+        ZorvoData doc;
+        CPolygonalExcavation pit = Pit();
+        CCircularExcavation shaft = Shaft();
+        shaft.SetCentre({50.0, 50.0});
+        c.change(doc, pit, shaft);
+        doc.SetPolygonalExcavation(1, pit);
+        doc.SetCircularExcavation(1, shaft);
+        EXPECT_EQ(Lines(SanityChecks::Inputs(doc)), c.expected) << c.what;
+    }
+}
+
+// The library's texts come first and unchanged, the excavation passes in their places
+// among the others, and the host's own after them.
+TEST(SanityChecks, HostPrintsThemAfterTheLibrarysPasses) {
+    ZorvoData doc;
+    CCircularExcavation a = Shaft();
+    a.SetDiameter(0.0);
+    doc.SetCircularExcavation(1, a);
+    CCircularExcavation b = Shaft();
+    b.SetBaseLevel(100.0);
+    b.SetCentre({20.0, 0.0}); // apart from the first
+    doc.SetCircularExcavation(2, b);
+    CDisplacementPoint p;
+    p.SetPoint({50.0, 50.0, 101.0});
+    doc.SetDisplacementPoint(1, p);
+    std::ostringstream out, err;
+    HostSession session(out, err, nullptr);
+    EXPECT_EQ(session.Check(doc, 1), HostSession::eErrors);
+    EXPECT_EQ(err.str(),
+              "error: Circular Excavation 1 : S - Diameter cannot be zero. \n"
+              "warning: Multiple excavations have been specified.  Displacements resulting from "
+              "each  excavation are summed with no account taken of the interactions between "
+              "excavations (e.g. overlapping zones of influence or 'shielding' of one excavation "
+              "by another).\n"
+              "warning: If an embedded wall excavation is assigned a 'sub-surface' ground "
+              "movement curve then displacements induced by it can only be calculated for those "
+              "points that are level with or below the embedded wall excavation's 'surface "
+              "level'. Others are ignored.  An example of such a combination, for which "
+              "displacements will not be calculated is Excavation XC1/Point 1/Horizontal. This "
+              "is an example only. There are 3 others.\n"
+              "sanity error: Circular excavation 2 \"S\": the base level equals the surface level "
+              "(100 m): the wall there has no depth, and points on its line get no value; give a "
+              "base level below the surface level\n");
 }
