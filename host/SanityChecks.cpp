@@ -391,12 +391,11 @@ void CheckStiffening(const std::string& side, double d, double p1Star, double p2
                      RecordFindings& f) {
     if (f.Finite(side + " d", d, "the distance along the wall in metres") && d < 0.0)
         f.Error(side + " d is " + Number(d) + " m; give a distance of 0 or more");
-    // p1* is the middle point of the table that p2 is read off between 0 and 1.
-    if (f.Finite(side + " p1*", p1Star, "a factor above 0 and below 1") &&
-        !(p1Star > 0.0 && p1Star < 1.0))
-        f.Error(side + " p1* is " + Number(p1Star) +
-                "; give a factor above 0 and below 1 (1 is no stiffening: clear the corner's "
-                "stiffened flag instead)");
+    // p1* is the movement at a right-angled corner as a fraction of a plain wall's, and
+    // the middle point of the table that p2 is read off between 0 and 1.
+    if (f.Finite(side + " p1*", p1Star, "a factor from 0 to 1") &&
+        !(p1Star >= 0.0 && p1Star <= 1.0))
+        f.Error(side + " p1* is " + Number(p1Star) + "; give a factor from 0 to 1");
     if (f.Finite(side + " p2*", p2Star, "a factor from 0 to 1") && (p2Star < 0.0 || p2Star > 1.0))
         f.Warning(side + " p2* is " + Number(p2Star) +
                   ", outside 0 to 1: the fan around the corner takes more than the whole "

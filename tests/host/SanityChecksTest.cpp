@@ -307,7 +307,7 @@ TEST(SanityChecks, ExcavationsAndImportedSets) {
          [](ZorvoData& d, CPolygonalExcavation& e, CCircularExcavation& s) {
              CExcavationCorner c;
              c.SetPreviousEdge_d(-1.0);
-             c.SetPreviousEdge_p1Star(1.0);
+             c.SetPreviousEdge_p1Star(1.2);
              c.SetNextEdge_p2Star(1.5);
              c.SetNextEdge_TransitionZoneFraction(kNaN);
              e.SetExcavationCorner(1, c);
@@ -326,8 +326,7 @@ TEST(SanityChecks, ExcavationsAndImportedSets) {
              "corner 2: the previous side's d is -1 m; give a distance of 0 or more\n"
              "E " +
              P +
-             "corner 2: the previous side's p1* is 1; give a factor above 0 and below 1 "
-             "(1 is no stiffening: clear the corner's stiffened flag instead)\n"
+             "corner 2: the previous side's p1* is 1.2; give a factor from 0 to 1\n"
              "W " +
              P +
              "corner 2: the next side's p2* is 1.5, outside 0 to 1: the fan around the "
