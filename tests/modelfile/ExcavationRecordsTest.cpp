@@ -320,3 +320,34 @@ TEST(ExcavationRecords, HandWrittenJsonTakesDefaultsAndRefusesWrongTypes) {
                   .find("records[0].centre (module 'Circular Excavations'): missing member 'y'"),
               std::string::npos);
 }
+
+// Every cut of a binary file with excavations, and random damage to it, is either a
+// shorter project or a read error that names the file: never a crash or an allocation
+// the file's bytes cannot back.
+TEST(ExcavationRecords, DamagedBinaryFilesAreReportedNeverOverrun) {
+    const std::string good =
+        ZorvoModelFile::Write(ExcavationDocument(), CDataFile::eBinary).Contents();
+    for (size_t n = 0; n < good.size(); n += 3) {
+        try {
+            CDataFile in = CDataFile::FromBytes(good.substr(0, n), "cut.zorvo");
+            ZorvoData doc;
+            ZorvoModelFile::Read(in, doc, nullptr);
+        } catch (const CDataFileError& e) {
+            EXPECT_NE(std::string(e.what()).find("cut.zorvo"), std::string::npos);
+        }
+    }
+    unsigned seed = 777;
+    for (int trial = 0; trial < 300; ++trial) {
+        std::string bytes = good;
+        for (int k = 0; k < 3; ++k) {
+            seed = seed * 1103515245u + 12345u;
+            bytes[12 + (seed >> 8) % (bytes.size() - 12)] = static_cast<char>(seed >> 3);
+        }
+        try {
+            CDataFile in = CDataFile::FromBytes(bytes, "x.zorvo");
+            ZorvoData doc;
+            ZorvoModelFile::Read(in, doc, nullptr);
+        } catch (const CDataFileError&) {
+        }
+    }
+}
