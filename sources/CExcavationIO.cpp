@@ -11,6 +11,8 @@
 #include "sources/CExcavationCorner.h"
 #include "sources/CPolygonalExcavation.h"
 
+#include <limits>
+
 namespace Tevra::Data {
 
 using namespace FileIO;
@@ -34,14 +36,16 @@ constexpr size_t kCornerBytes = 5 + kOldCornerBytes;
 // at generations 3 and 4 eight vertical curves went in after the eighth and six
 // horizontal curves after the seventh; at generation 5 one vertical curve went in
 // before the fifteenth. Numbers are 0-based.
+// A number too large to move names no curve either way and is left for the checks.
 void RenumberOldCurves(int generation, int& vertical, int& horizontal) {
+    constexpr int kLargest = std::numeric_limits<int>::max();
     if (generation >= 3 && generation <= 4) {
-        if (vertical > 7)
+        if (vertical > 7 && vertical <= kLargest - 8)
             vertical += 8;
-        if (horizontal > 6)
+        if (horizontal > 6 && horizontal <= kLargest - 6)
             horizontal += 6;
     } else if (generation == 5) {
-        if (vertical >= 14)
+        if (vertical >= 14 && vertical < kLargest)
             vertical += 1;
     }
 }

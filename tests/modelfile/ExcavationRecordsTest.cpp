@@ -214,12 +214,15 @@ TEST(ExcavationRecords, ModulesStandAfterTheCurvesWithTheirGenerations) {
 // above 6 by 6; at generation 5, vertical numbers of 14 or more by 1. A corner of a
 // polygon above generation 5 carries its own number, which rules.
 TEST(ExcavationRecords, OlderCornerCurveNumbersAreRenumbered) {
+    constexpr int kMax = std::numeric_limits<int>::max();
     struct {
         int g, cornerVersion, vertical, horizontal, expectVertical, expectHorizontal;
     } const rows[] = {
         {4, 0, 7, 6, 7, 6},    {4, 0, 8, 7, 16, 13}, {3, 0, 20, 12, 28, 18},
         {5, 0, 13, 7, 13, 7},  {5, 0, 14, 9, 15, 9}, {7, 4, 8, 7, 16, 13},
         {7, 5, 14, 7, 15, 7},  {7, 8, 14, 7, 14, 7}, {9, 8, 30, 20, 30, 20},
+        // Numbers that cannot move stay as they are, for the checks to report.
+        {4, 0, kMax, kMax - 2, kMax, kMax - 2}, {5, 0, kMax, 0, kMax, 0},
     };
     for (const auto& r : rows) {
         CDataFile in = CDataFile::FromBytes(OldPolygonFile(r.g, r.cornerVersion, r.vertical,
