@@ -237,7 +237,8 @@ TEST(Host, CsvTablesMatchTheLibrary) {
 
 TEST(Host, EveryExampleChecksCleanAndSolves) {
     for (const char* name :
-         {"twin-tunnels", "subsurface", "staged-tunnels", "mine-panel", "user-curves"}) {
+         {"twin-tunnels", "subsurface", "staged-tunnels", "mine-panel", "user-curves",
+          "basement-and-shaft"}) {
         const std::string path = kSource + "/examples/" + name + ".json";
         const Outcome check = Host({"check", path});
         EXPECT_EQ(check.status, 0) << name << "\n" << check.err;
