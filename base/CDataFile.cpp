@@ -306,6 +306,9 @@ struct CDataFile::Out {
 
 struct CDataFile::JsonWriter {
     rapidjson::PrettyWriter<Out> w;
+    // The objects and lists of objects open inside a record, true for a list: an object
+    // opened directly in a list is its next element and has no name.
+    std::vector<bool> open;
     explicit JsonWriter(Out& out) : w(out) { w.SetIndent(' ', 2); }
 };
 
@@ -553,13 +556,35 @@ void CDataFile::EndRecord() {
 void CDataFile::BeginObject(int name) {
     if (!IsJson())
         return;
-    m_jsonWriter->w.Key(Member(name));
+    auto& open = m_jsonWriter->open;
+    if (open.empty() || !open.back())
+        m_jsonWriter->w.Key(Member(name));
     m_jsonWriter->w.StartObject();
+    open.push_back(false);
 }
 
 void CDataFile::EndObject() {
-    if (IsJson())
-        m_jsonWriter->w.EndObject();
+    if (!IsJson())
+        return;
+    m_jsonWriter->w.EndObject();
+    if (!m_jsonWriter->open.empty())
+        m_jsonWriter->open.pop_back();
+}
+
+void CDataFile::BeginArray(int name) {
+    if (!IsJson())
+        return;
+    m_jsonWriter->w.Key(Member(name));
+    m_jsonWriter->w.StartArray();
+    m_jsonWriter->open.push_back(true);
+}
+
+void CDataFile::EndArray() {
+    if (!IsJson())
+        return;
+    m_jsonWriter->w.EndArray();
+    if (!m_jsonWriter->open.empty())
+        m_jsonWriter->open.pop_back();
 }
 
 void CDataFile::WriteInt(int name, int value) {
@@ -1054,6 +1079,46 @@ bool CDataFile::EnterObject(int name, bool required) {
 void CDataFile::LeaveObject() {
     if (IsJson() && m_json->stack.size() > 1)
         m_json->stack.pop_back();
+}
+
+int CDataFile::EnterArray(int name, bool required) {
+    if (!IsJson())
+        return -1;
+    auto& top = m_json->stack.back();
+    const auto it = top.first->FindMember(Member(name));
+    if (it == top.first->MemberEnd()) {
+        if (required)
+            Fail(std::string("missing member ") + Quote(Member(name)));
+        return -1;
+    }
+    if (!it->value.IsArray())
+        Fail(Quote(Member(name)) + " should be an array of objects, not " +
+             JsonTypeName(it->value));
+    m_json->stack.push_back({&it->value, top.second + "." + Member(name)});
+    return static_cast<int>(it->value.Size());
+}
+
+void CDataFile::EnterElement(int index) {
+    if (!IsJson())
+        return;
+    const auto& top = m_json->stack.back();
+    const rapidjson::Value& element = (*top.first)[static_cast<rapidjson::SizeType>(index)];
+    m_json->stack.push_back({&element, top.second + "[" + std::to_string(index) + "]"});
+    if (!element.IsObject())
+        Fail("an element should be an object, not " + std::string(JsonTypeName(element)));
+}
+
+void CDataFile::CheckCount(int name, int count, size_t bytesEach) const {
+    if (IsJson())
+        return;
+    if (count < 0)
+        Fail("field " + Quote(Member(name)) + " counts " + std::to_string(count) +
+             " elements, which is negative");
+    const size_t left = Limit() - m_pos;
+    if (static_cast<size_t>(count) > left / bytesEach)
+        Fail("field " + Quote(Member(name)) + " counts " + std::to_string(count) +
+             " elements, more than the " + std::to_string(left) +
+             " bytes left in the record can hold");
 }
 
 namespace {

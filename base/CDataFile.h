@@ -62,6 +62,11 @@ class CDataFile {
     void EndRecord();
     void BeginObject(int name);
     void EndObject();
+    // A list of objects under a name, in the JSON form only: each BeginObject inside it
+    // opens the next element. The binary form keeps the elements' fields flat, behind a
+    // count that the record writes itself.
+    void BeginArray(int name);
+    void EndArray();
     void WriteInt(int name, int value);
     void WriteDouble(int name, double value);
     // "YES" or "NO" in the JSON form.
@@ -97,6 +102,17 @@ class CDataFile {
     // Enters a nested object; false if it is absent (always true in binary).
     bool EnterObject(int name, bool required = true);
     void LeaveObject();
+    // JSON form: enters a list of objects and answers its number of elements, -1 when an
+    // optional list is absent; LeaveObject leaves it. Binary form: answers -1.
+    int EnterArray(int name, bool required = true);
+    // JSON form: enters element index of the list entered last, which must be an object;
+    // LeaveObject leaves it. Nothing in binary.
+    void EnterElement(int index);
+    // Binary form: refuses a count of elements read from the file that is negative or
+    // that the rest of the record cannot hold, each element taking at least bytesEach
+    // bytes; checked before anything is allocated for them. Nothing in JSON, where the
+    // count is the list's own.
+    void CheckCount(int name, int count, size_t bytesEach) const;
     // Field readers. In the JSON form a field is found by name: an absent optional
     // field leaves the value as it is and answers false. In binary the fields are read
     // in order.

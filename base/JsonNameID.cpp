@@ -186,6 +186,62 @@ const char* JsonName(int id) {
         return "surfaceOnly";
     case jnInterpolationMethod:
         return "interpolationMethod";
+    case jnBaseLevels:
+        return "baseLevels";
+    case jnCircularExcavation:
+        return "circularExcavation";
+    case jnVertices:
+        return "vertices";
+    case jnCorners:
+        return "corners";
+    case jnExcavation:
+        return "excavation";
+    case jnExcavationCorner:
+        return "corner";
+    case jnPolygonalExcavation:
+        return "polygonalExcavation";
+    case jnCentre:
+        return "centre";
+    case jnSurfaceLevel:
+        return "surfaceLevel";
+    case jnContribution:
+        return "contribution";
+    case jnAllowCalculationToLevel:
+        return "allowCalculationToLevel";
+    case jnAllowLevel:
+        return "allowLevel";
+    case jnOldCurve:
+        return "oldCurve";
+    case jnVertex:
+        return "vertex";
+    case jnBaseLevel:
+        return "baseLevel";
+    case jnPreviousEdgeD:
+        return "previousEdgeD";
+    case jnPreviousEdgeP1Star:
+        return "previousEdgeP1Star";
+    case jnPreviousEdgeP2Star:
+        return "previousEdgeP2Star";
+    case jnNextEdgeD:
+        return "nextEdgeD";
+    case jnNextEdgeP1Star:
+        return "nextEdgeP1Star";
+    case jnNextEdgeP2Star:
+        return "nextEdgeP2Star";
+    case jnStiffened:
+        return "stiffened";
+    case jnVerticalCurve:
+        return "verticalCurve";
+    case jnHorizontalCurve:
+        return "horizontalCurve";
+    case jnArcEnabled:
+        return "arcEnabled";
+    case jnLinearStiffening:
+        return "linearStiffening";
+    case jnPreviousEdgeTransitionZoneFraction:
+        return "previousEdgeTransitionZoneFraction";
+    case jnNextEdgeTransitionZoneFraction:
+        return "nextEdgeTransitionZoneFraction";
     }
     return nullptr;
 }

@@ -6,14 +6,21 @@ namespace Tevra::FileIO {
 // storage names; each has one readable member name, given by JsonName.
 enum EJsonNameID : int {
     // Records and their nested objects.
+    jnBaseLevels = 76,
     jnCentreLine = 124,
+    jnCircularExcavation = 130,
     jnCircularExcavations = 131,
+    jnVertices = 165,
+    jnCorners = 169,
     jnAnglesOfDraw = 272,
+    jnExcavation = 328,
+    jnExcavationCorner = 329,
     jnPlanEnd = 312,
     jnCentreLineEnd = 313,
     jnGeneral = 885,
     jnImportedDisplacementSets = 976,
     jnMine = 1202,
+    jnPolygonalExcavation = 1395,
     jnPolygonalExcavations = 1396,
     jnProblemType = 1423,
     jnStage = 1618,
@@ -23,6 +30,7 @@ enum EJsonNameID : int {
     jnTunnel = 1719,
     jnTunnels = 1721,
     jnUtilityCalculationOptions = 1763,
+    jnCentre = 1782,
 
     // Fields of our own records.
     jnName = 90001,
@@ -99,6 +107,26 @@ enum EJsonNameID : int {
     jnDirection,
     jnSurfaceOnly,
     jnInterpolationMethod,
+    jnSurfaceLevel,
+    jnContribution,
+    jnAllowCalculationToLevel,
+    jnAllowLevel,
+    jnOldCurve,
+    jnVertex,
+    jnBaseLevel,
+    jnPreviousEdgeD,
+    jnPreviousEdgeP1Star,
+    jnPreviousEdgeP2Star,
+    jnNextEdgeD,
+    jnNextEdgeP1Star,
+    jnNextEdgeP2Star,
+    jnStiffened,
+    jnVerticalCurve,
+    jnHorizontalCurve,
+    jnArcEnabled,
+    jnLinearStiffening,
+    jnPreviousEdgeTransitionZoneFraction,
+    jnNextEdgeTransitionZoneFraction,
 };
 
 // The member name of a storage name; null for a number that has none.

@@ -41,6 +41,30 @@ void PrintCurves(const ZorvoData& doc, std::ostream& out) {
     }
 }
 
+// Each excavation with its name, size and levels (metres): a polygon's corners and the
+// range of its base levels, a shaft's diameter and base level.
+void PrintExcavations(const ZorvoData& doc, std::ostream& out) {
+    for (int n = 1; n <= doc.NumPolygonalExcavations(); ++n) {
+        const CPolygonalExcavation& e = doc.GetPolygonalExcavation(n);
+        out << "  polygonal excavation " << n << " \"" << e.GetName().ToUtf8()
+            << "\": " << e.NumCoords() << (e.NumCoords() == 1 ? " corner" : " corners")
+            << ", surface level " << e.GetSurfaceLevel() << " m, ";
+        if (e.NumBaseLevels() == 0)
+            out << "no base levels";
+        else if (e.GetMinBaseLevel() == e.GetMaxBaseLevel())
+            out << "base level " << e.GetMinBaseLevel() << " m";
+        else
+            out << "base levels " << e.GetMinBaseLevel() << " to " << e.GetMaxBaseLevel() << " m";
+        out << '\n';
+    }
+    for (int n = 1; n <= doc.NumCircularExcavations(); ++n) {
+        const CCircularExcavation& e = doc.GetCircularExcavation(n);
+        out << "  circular excavation " << n << " \"" << e.GetName().ToUtf8()
+            << "\": diameter " << e.GetDiameter() << " m, surface level " << e.GetSurfaceLevel()
+            << " m, base level " << e.GetBaseLevel() << " m\n";
+    }
+}
+
 } // namespace
 
 int InfoCommand(HostSession& session, const std::string& file) {
@@ -59,6 +83,8 @@ int InfoCommand(HostSession& session, const std::string& file) {
         int count;
     } rows[] = {
         {"tunnels", doc.NumTunnels()},
+        {"polygonal excavations", doc.NumPolygonalExcavations()},
+        {"circular excavations", doc.NumCircularExcavations()},
         {"displacement points", doc.NumDisplacementPoints(false)},
         {"displacement lines", doc.NumDisplacementLines(false)},
         {"displacement polylines", doc.NumDisplacementPolylines(false)},
@@ -71,6 +97,7 @@ int InfoCommand(HostSession& session, const std::string& file) {
         out << "  " << r.label << ": " << r.count << '\n';
     out << "  calculation stages: " << doc.NumStages(true, false)
         << (doc.IsSmoothingOn() ? " (with re-entrant corner smoothing)" : "") << '\n';
+    PrintExcavations(doc, out);
     PrintCurves(doc, out);
     out << "  results: " << (doc.ResultsExist(-1) ? "yes" : "none") << '\n';
     return eExitOk;

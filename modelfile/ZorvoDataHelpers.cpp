@@ -264,6 +264,24 @@ ZorvoDataHelpers::ZorvoDataHelpers(ZorvoData& doc) {
                  data.SetGMCurve(d, data.NumGMCurves(d) + 1, c);
              }});
     }
+    // ZorvoDataPolygonExcavation and ZorvoDataCircularExcavations: after the curves,
+    // which their curve numbers name.
+    add({202130, L"Polygonal Excavations", CPolygonalExcavation::GetVersion(),
+         [](const ZorvoData& d) { return d.NumPolygonalExcavations(); },
+         [](const ZorvoData& d, CDataFile& f, int n) { d.GetPolygonalExcavation(n).Write(f); },
+         [](ZorvoData& d, CDataFile& f, int g) {
+             CPolygonalExcavation r;
+             r.Read(f, g);
+             d.SetPolygonalExcavation(d.NumPolygonalExcavations() + 1, r);
+         }});
+    add({202140, L"Circular Excavations", CCircularExcavation::GetVersion(),
+         [](const ZorvoData& d) { return d.NumCircularExcavations(); },
+         [](const ZorvoData& d, CDataFile& f, int n) { d.GetCircularExcavation(n).Write(f); },
+         [](ZorvoData& d, CDataFile& f, int g) {
+             CCircularExcavation r;
+             r.Read(f, g);
+             d.SetCircularExcavation(d.NumCircularExcavations() + 1, r);
+         }});
     // ZorvoDataGraphicsSettings: whether smoothed results are shown.
     add({202110, L"Graphic Settings", 1, [](const ZorvoData&) { return 1; },
          [](const ZorvoData& d, CDataFile& f, int) {

@@ -237,7 +237,8 @@ TEST(Host, CsvTablesMatchTheLibrary) {
 
 TEST(Host, EveryExampleChecksCleanAndSolves) {
     for (const char* name :
-         {"twin-tunnels", "subsurface", "staged-tunnels", "mine-panel", "user-curves"}) {
+         {"twin-tunnels", "subsurface", "staged-tunnels", "mine-panel", "user-curves",
+          "basement-and-shaft"}) {
         const std::string path = kSource + "/examples/" + name + ".json";
         const Outcome check = Host({"check", path});
         EXPECT_EQ(check.status, 0) << name << "\n" << check.err;
@@ -245,6 +246,51 @@ TEST(Host, EveryExampleChecksCleanAndSolves) {
         EXPECT_EQ(solve.status, 0) << name << "\n" << solve.err;
         EXPECT_NE(solve.out.find("largest settlement"), std::string::npos) << name;
     }
+}
+
+// The basement and shaft example: zorvo info lists both excavations; its excavation
+// records are those the writer gives; and it solves in its three stages, the shaft alone
+// moving the street in stage 1. (The document is solved directly here: the checks before
+// a run are tested with every example.)
+TEST(Host, BasementAndShaftExampleLoadsListsAndSolves) {
+    const std::string path = kSource + "/examples/basement-and-shaft.json";
+    const Outcome info = Host({"info", path});
+    EXPECT_EQ(info.status, 0) << info.err;
+    for (const char* line :
+         {"  polygonal excavations: 1\n", "  circular excavations: 1\n", "  stages: 3\n",
+          "  polygonal excavation 1 \"Basement\": 6 corners, surface level 100 m, base level "
+          "88 m\n",
+          "  circular excavation 1 \"Access shaft\": diameter 8 m, surface level 100 m, base "
+          "level 75 m\n"})
+        EXPECT_NE(info.out.find(line), std::string::npos) << line << info.out;
+
+    ZorvoData doc;
+    FileIO::ZorvoModelFile::Load(path, doc);
+    ASSERT_EQ(doc.NumPolygonalExcavations(), 1);
+    const CPolygonalExcavation& basement = doc.GetPolygonalExcavation(1);
+    EXPECT_EQ(basement.NumCoords(), 6);
+    EXPECT_EQ(basement.NumExcavationCorners(), 6);
+    std::vector<int> reEntrant;
+    EXPECT_TRUE(basement.GetReEntrantCorners(reEntrant));
+    EXPECT_EQ(reEntrant, std::vector<int>{3});
+    EXPECT_EQ(doc.GetStageDependentProperty(2, eElementPolygonalExcavation, 1,
+                                            eExcavationBaseLevels, 1),
+              94.0);
+    EXPECT_EQ(doc.GetStageDependentProperty(3, eElementPolygonalExcavation, 1,
+                                            eExcavationBaseLevels, 1),
+              88.0);
+
+    CLodraZorvoPrefData prefs;
+    ZorvoSolver solver(&doc, &prefs, nullptr, {});
+    ASSERT_TRUE(solver.Solve());
+    // Lamp post 5 at (60, -12) is 23 m behind the shaft's wall (centre (60, 15), radius 4),
+    // which is 100 - 75 = 25 m deep: x = 23 / 25 = 0.92 on the C580 curve of Fig. 2.11(b),
+    // whose fit (as zorvo info prints it, to 5 figures) is -2.6455e-3 x^4 + 2.8495e-2 x^3
+    // - 1.0051e-1 x^2 + 1.0569e-1 x + 3.8990e-2 = 0.071447 % of the wall depth:
+    // 0.071447 / 100 * 25 m = 0.017862 m, to the rounding of the printed coefficients.
+    const auto& post = doc.GetDisplacementPoint(5).GetResults(1);
+    ASSERT_FALSE(post.empty());
+    EXPECT_NEAR(post[0][0].GetZdisplacement(), 0.017862, 2e-6);
 }
 
 // The user's curves with their method, and a polynomial one with its fitted equation and

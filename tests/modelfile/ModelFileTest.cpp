@@ -486,6 +486,8 @@ TEST(ModelFile, HelpersStandInTheFileOrderWithTheirKeys) {
         {202020, L"Mine Seams"},
         {202040, L"Vertical Ground Movement Curves"},
         {202050, L"Horizontal Ground Movement Curves"},
+        {202130, L"Polygonal Excavations"},
+        {202140, L"Circular Excavations"},
         {202110, L"Graphic Settings"},
         {202290, L"ReEntrantCornerOptions"},
         {202220, L"Polylines"},
@@ -500,6 +502,8 @@ TEST(ModelFile, HelpersStandInTheFileOrderWithTheirKeys) {
     }
     EXPECT_EQ(helpers.KeyFromHelpers(L"Tunnels")->GetDataBinary(), 10);
     EXPECT_EQ(helpers.KeyFromHelpers(L"Mine Seams")->GetDataBinary(), 4);
+    EXPECT_EQ(helpers.KeyFromHelpers(L"Polygonal Excavations")->GetDataBinary(), 7);
+    EXPECT_EQ(helpers.KeyFromHelpers(L"Circular Excavations")->GetDataBinary(), 5);
     EXPECT_EQ(helpers.KeyFromHelpers(L"Bridges"), nullptr);
 }
 

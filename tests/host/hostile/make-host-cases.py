@@ -2,6 +2,7 @@
 """Writes the host's hostile-input cases: well-formed model files whose numbers mean
 nothing, or whose runs would not fit in memory. Run it in this folder."""
 import json
+import struct
 
 
 def tunnel(**fields):
@@ -74,3 +75,95 @@ write("mine-out-of-range.json", project({"description": "Mine Seams", "records":
      "upperStratumThickness": 100.0, "anglesOfDraw": {"lower": 95.0, "upper": "NaN"},
      "centreLine": {"start": {"x": 0.0, "y": -400.0}, "end": {"x": 0.0, "y": 400.0}}}]},
     LINE, problem="MINE"))
+
+
+# ---- Excavations ------------------------------------------------------------------------
+
+def excavation(**fields):
+    e = {"excavation": {"name": "Pit", "surfaceLevel": 100.0},
+         "vertices": [{"x": 0.0, "y": 0.0}, {"x": 0.0, "y": 10.0}, {"x": 10.0, "y": 10.0}],
+         "baseLevels": [90.0, 90.0, 90.0],
+         "corners": [{"verticalCurve": 5, "horizontalCurve": 5}] * 3}
+    e.update(fields)
+    return {"description": "Polygonal Excavations", "records": [e]}
+
+
+write("excavation-vertices-not-array.json", project(excavation(vertices=3), LINE))
+write("excavation-corner-flag-number.json",
+      project(excavation(corners=[{"stiffened": 1}]), LINE))
+write("excavation-base-level-text.json",
+      project(excavation(baseLevels=[90.0, "deep", 90.0]), LINE))
+write("excavation-shaft-centre-list.json", project({
+    "description": "Circular Excavations",
+    "records": [{"excavation": {"name": "Shaft"}, "diameter": 8.0, "baseLevel": 75.0,
+                 "centre": [60.0, 15.0]}]}, LINE))
+
+
+# The binary form: magic and container version, then modules of records; each field is
+# a type tag (1 integer, 2 number, 3 yes/no, 4 text) and its little-endian value.
+def b_int(v):
+    return struct.pack("<Bi", 1, v)
+
+
+def b_double(v):
+    return struct.pack("<Bd", 2, v)
+
+
+def b_bool(v):
+    return struct.pack("<BB", 3, 1 if v else 0)
+
+
+def b_text(s):
+    data = s.encode()
+    return struct.pack("<BI", 4, len(data)) + data
+
+
+def b_module(key, description, generation, records):
+    body = b"".join(struct.pack("<I", len(r)) + r for r in records)
+    data = description.encode()
+    return (struct.pack("<iI", key, len(data)) + data +
+            struct.pack("<iiQ", len(records), generation, len(body)) + body)
+
+
+def b_file(*modules):
+    return b"ZORVOBIN" + struct.pack("<I", 1) + b"".join(modules)
+
+
+def b_polygon(vertices, corners, vertex_count=None, base_count=None, corner_count=None):
+    """A polygonal excavation record of generation 7 with its own corners."""
+    r = b_int(9) + b_text("Pit") + b_double(100.0) + b_int(0)
+    r += b_bool(True) + b_bool(False) + b_bool(False) + b_double(0.0)
+    r += b_int(7)
+    r += b_int(len(vertices) if vertex_count is None else vertex_count)
+    for x, y in vertices:
+        r += b_double(x) + b_double(y)
+    r += b_int(len(vertices) if base_count is None else base_count)
+    r += b"".join(b_double(90.0) for _ in vertices)
+    r += b_int(corners if corner_count is None else corner_count)
+    for _ in range(corners):
+        r += b_int(8) + b"".join(b_double(v) for v in (0.0, 0.67, 0.25, 0.0, 0.67, 0.25))
+        r += b_bool(False) + b_int(5) + b_int(5) + b_bool(True) + b_bool(True)
+        r += b_double(0.0) + b_double(0.0)
+    return r
+
+
+def write_binary(name, data):
+    with open(name, "wb") as f:
+        f.write(data)
+
+
+SQUARE = [(0.0, 0.0), (0.0, 10.0), (10.0, 10.0), (10.0, 0.0)]
+write_binary("excavation-vertices-2e31.zorvo", b_file(b_module(
+    202130, "Polygonal Excavations", 7, [b_polygon(SQUARE, 4, vertex_count=2147483647)])))
+write_binary("excavation-corners-negative.zorvo", b_file(b_module(
+    202130, "Polygonal Excavations", 7, [b_polygon(SQUARE, 4, corner_count=-4)])))
+# The record says 4 corners but ends after the first corner's curve numbers.
+cut = b_polygon(SQUARE, 4)
+cut = cut[:cut.index(b_bool(False) + b_int(5) + b_int(5)) + 2 + 10]
+write_binary("excavation-corners-short.zorvo", b_file(b_module(
+    202130, "Polygonal Excavations", 7, [cut])))
+# The record ends inside the contribution, an integer, of the shared fields.
+cut = b_polygon(SQUARE, 4)
+cut = cut[:len(b_int(9) + b_text("Pit") + b_double(100.0)) + 3]
+write_binary("excavation-truncated.zorvo", b_file(b_module(
+    202130, "Polygonal Excavations", 7, [cut])))
