@@ -509,8 +509,45 @@ void CheckImportedSet(const CImportedDisplacementsSet& set, RecordFindings& f) {
                 "points and displacements as numbers");
 }
 
-void CheckStageProperty(const CStageProperty& p, RecordFindings& f) {
+// The surface level (metres) of the excavation a stage property names, if it exists.
+bool NamedSurfaceLevel(const ZorvoData& doc, const CStageProperty& p, int n, double& level) {
+    if (p.GetElementType() == eElementPolygonalExcavation && doc.PolygonalExcavationExists(n)) {
+        level = doc.GetPolygonalExcavation(n).GetSurfaceLevel();
+        return true;
+    }
+    if (p.GetElementType() == eElementCircularExcavation && doc.CircularExcavationExists(n)) {
+        level = doc.GetCircularExcavation(n).GetSurfaceLevel();
+        return true;
+    }
+    return false;
+}
+
+void CheckStageProperty(const ZorvoData& doc, const CStageProperty& p, RecordFindings& f) {
     const std::vector<double>& v = p.GetValues();
+    // A base level at or above an excavation's surface level leaves its wall no depth in
+    // that stage: a point on the wall line would then take a movement of 0 / 0.
+    if (p.GetElementType() != eElementTunnel) {
+        const long long count = p.GetElementType() == eElementPolygonalExcavation
+                                    ? doc.NumPolygonalExcavations()
+                                    : doc.NumCircularExcavations();
+        for (const auto& range : p.GetRefs().Ranges()) {
+            const long long last = std::min<long long>(range.second, count);
+            for (long long n = std::max(range.first, 1); n <= last; ++n) {
+                double surface = 0.0;
+                if (!NamedSurfaceLevel(doc, p, static_cast<int>(n), surface))
+                    continue;
+                for (size_t k = 0; k < v.size(); ++k)
+                    if (std::isfinite(v[k]) && v[k] >= surface) {
+                        f.Error("value " + std::to_string(k + 1) + " gives excavation " +
+                                std::to_string(n) + " a base level of " + Number(v[k]) +
+                                " m, not below its surface level of " + Number(surface) +
+                                " m: the wall has no depth in that stage; give a level below "
+                                "the surface level");
+                        break;
+                    }
+            }
+        }
+    }
     for (size_t k = 0; k < v.size(); ++k) {
         const std::string field = "value " + std::to_string(k + 1);
         if (!f.Finite(field, v[k], "a number in metres"))
@@ -608,7 +645,7 @@ std::vector<SanityChecks::SFinding> SanityChecks::Inputs(const ZorvoData& doc) {
     }
     for (int p = 1; p <= doc.NumStageProperties(); ++p) {
         RecordFindings f(out, Label("Stage property", p, doc.GetStageProperty(p).Name()));
-        CheckStageProperty(doc.GetStageProperty(p), f);
+        CheckStageProperty(doc, doc.GetStageProperty(p), f);
     }
     for (int n = 1; n <= doc.NumDisplacementPoints(false); ++n) {
         const CDisplacementPoint& r = doc.GetDisplacementPoint(n);

@@ -347,6 +347,19 @@ TEST(SanityChecks, ExcavationsAndImportedSets) {
              "the base level equals the surface level (100 m): the wall there has no "
              "depth, and points on its line get no value; give a base level below the "
              "surface level\n"},
+        {"a stage that raises the shaft's base to its surface",
+         [](ZorvoData& d, CPolygonalExcavation&, CCircularExcavation&) {
+             CStageProperty raise;
+             raise.SetElementType(eElementCircularExcavation);
+             CBasicList refs;
+             refs.SetString(L"1 to 3");
+             raise.SetRefs(refs);
+             raise.SetValues({101.0});
+             d.SetStageProperty(1, raise);
+         },
+         "E Stage property 1: value 1 gives excavation 1 a base level of 101 m, not below its "
+         "surface level of 100 m: the wall has no depth in that stage; give a level below the "
+         "surface level\n"},
         {"an imported set",
          [](ZorvoData& d, CPolygonalExcavation&, CCircularExcavation&) {
              CImportedDisplacementsSet set(L"Survey");
