@@ -7,6 +7,10 @@
 #include <memory>
 #include <vector>
 
+namespace Tevra::FileIO {
+class CDataFile;
+}
+
 namespace Tevra::Data {
 
 // A named set of imported displacements, in the order they were imported, with the name
@@ -23,6 +27,16 @@ class CImportedDisplacementsSet : public NamedEntity {
     // The file the displacements were read from; empty when typed in.
     const CString& ReadFileName() const { return m_fileName; }
     void SetReadFileName(const CString& fileName) { m_fileName = fileName; }
+
+    // The set in the model file: its name, its file name, then its points (x, y, z),
+    // their displacements (x, y, z) and their match bits, each as one list of numbers.
+    // Generations below 2 have no match bits; the JSON form (generation -1) may leave
+    // them out. A list of the wrong length, a value that is not a finite number, or match
+    // bits that are not a whole number from 0 is refused with a read error.
+    void Write(FileIO::CDataFile& file) const;
+    void Read(FileIO::CDataFile& file, int generation);
+    // Generation of the record, with the match bits.
+    static int GetVersion() { return 2; }
 
     std::unique_ptr<CImportedDisplacementsSet> Clone() const {
         return std::make_unique<CImportedDisplacementsSet>(*this);

@@ -4,6 +4,10 @@ namespace Tevra::FileIO {
 
 const char* JsonName(int id) {
     switch (id) {
+    case jnFileName:
+        return "fileName";
+    case jnDisplacements:
+        return "displacements";
     case jnCentreLine:
         return "centreLine";
     case jnCircularExcavations:

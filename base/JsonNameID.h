@@ -5,6 +5,10 @@ namespace Tevra::FileIO {
 // Names of the members of the JSON form of a model file. The numbers are the records'
 // storage names; each has one readable member name, given by JsonName.
 enum EJsonNameID : int {
+    // Fields of the imported displacement sets.
+    jnFileName = 90501,
+    jnDisplacements = 90502,
+
     // Records and their nested objects.
     jnBaseLevels = 76,
     jnCentreLine = 124,

@@ -56,6 +56,22 @@ class LodraZorvoData : public BaseEntity {
     ZORVO_NUMBERED_FAMILY(ImportedDisplacementsSet, ImportedDisplacementsSets,
                           CImportedDisplacementsSet, m_importedSets)
 
+    // Adds imported set number set (1-based) to every calculated sample of the stage in
+    // the displacement points, lines, polylines and grids: where the sample's point
+    // coincides with an imported point (X, Y and Z within the tolerance, metres, as
+    // CImportedDisplacementMatcher tests them), the imported displacements are added to
+    // the sample's, and bit 1 of the import match is set on the sample and on the
+    // imported point, which is stored back in the set. Every imported point that
+    // coincides adds, in the set's order. Samples never calculated are left alone.
+    void AddImportedDisplacementsToResults(int stage, int set, double tolerance);
+    // The same for a list of imported displacements over a list of displacement lines,
+    // such as the copies of a building's line at its vertical offsets; the match bits
+    // are set on the list given.
+    static void Add_Imported_Displacements_To_Disp_Lines(int stage,
+                                                         std::vector<CImportedDisplacement>& list,
+                                                         std::vector<CDisplacementLine>& lines,
+                                                         double tolerance);
+
     // Interval between sample locations of a line, and a displacement polyline's
     // plan length and interval (metres).
     double GetLineInterval(int line) const;

@@ -146,6 +146,19 @@ class ZorvoData : public LodraZorvoData {
     // The imported sets (1-based) that a calculation stage adds: all at a base index,
     // otherwise those the stage lists, in ascending order.
     std::vector<int> ImportedSetsToInclude(int index) const;
+    // Adds imported set number set (1-based) to the results of the generic buildings,
+    // generic utilities and rail tracks at the stage, where a sample lies within
+    // kImportedObjectTolerance of an imported point in X, Y and Z; the match bits of the
+    // set's points are stored back.
+    void AddImportedDisplacementsToUtilsBuildsRails(int stage, int set);
+    // Fixed distance (metres) within which an imported point meets a building, utility or
+    // rail sample. It is deliberately not the preference that the displacement data use.
+    static constexpr double kImportedObjectTolerance = 0.001;
+    // Adds d to the sample when each of |dX|, |dY| and |dZ| between their points is below
+    // kImportedObjectTolerance, tested in that order, and sets bit on both; answers
+    // whether it did.
+    static bool AddImportedDisplacementIfCoincident(CImportedDisplacement& d, GeoDispResult& sample,
+                                                    int bit);
 
     // Diameter of a tunnel in a calculation stage (metres): its own in the base model
     // and in the stages that list it, 0 in the others, and the first value of the last

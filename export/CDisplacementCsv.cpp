@@ -87,7 +87,7 @@ std::string CDisplacementCsv::Field(const std::string& text) {
 void CDisplacementCsv::WriteHeader(std::ostream& out) {
     out << "stage,stage name,record,record name,position,position across,x (m),y (m),z (m),"
            "x displacement (mm),y displacement (mm),z displacement (mm),major principal strain,"
-           "minor principal strain,principal strain angle (rad)\n";
+           "minor principal strain,principal strain angle (rad),import match\n";
 }
 
 void CDisplacementCsv::WriteFamily(const ZorvoData& doc, EPointType family, std::ostream& out) {
@@ -113,7 +113,8 @@ void CDisplacementCsv::WriteFamily(const ZorvoData& doc, EPointType family, std:
                         << Fixed(r.GetZdisplacement() * 1000.0, 6) << ','
                         << General(r.GetMajorPrincipalStrain()) << ','
                         << General(r.GetMinorPrincipalStrain()) << ','
-                        << General(r.GetPrincipalStrainAngle()) << '\n';
+                        << General(r.GetPrincipalStrainAngle()) << ',' << r.GetImportMatch()
+                        << '\n';
                 }
             }
         }

@@ -12,7 +12,8 @@ namespace Tevra {
 // records, one row per calculated sample (a cancelled run leaves samples it never
 // reached out of the tables): calculation stage and its name, record number and name,
 // position along and across the record, coordinates (m), displacements (mm) and
-// principal strains with their angle (radians).
+// principal strains with their angle (radians), and the import match bits (1 when an
+// imported displacement was added to the sample, 0 when none was).
 class CDisplacementCsv {
   public:
     // The header row, and the rows of one family ("points", "lines", "polylines" or

@@ -27,4 +27,15 @@ int ConvertCommand(HostSession& session, const std::string& in, const std::strin
 // What a project holds.
 int InfoCommand(HostSession& session, const std::string& file);
 
+struct SImportOptions {
+    std::string model;  // the project
+    std::string csv;    // the points: X, Y, Z, dX, dY, dZ (m) a line
+    std::string name;   // the set's name; the CSV file's name when empty
+    std::string stages; // stage numbers that include the set, such as "1 to 3 5"
+    std::string output; // the project with the set
+};
+// Adds a set of imported displacements read from a CSV file to a project, included in
+// the base model and in the stages named, and saves the project.
+int ImportCommand(HostSession& session, const SImportOptions& options);
+
 } // namespace Tevra

@@ -65,6 +65,20 @@ void PrintExcavations(const ZorvoData& doc, std::ostream& out) {
     }
 }
 
+// One line per imported set: its name, its points and the file they came from.
+void PrintImportedSets(const ZorvoData& doc, std::ostream& out) {
+    for (int n = 1; n <= doc.NumImportedDisplacementsSets(); ++n) {
+        const CImportedDisplacementsSet& set = doc.GetImportedDisplacementsSet(n);
+        out << "  imported set " << n << " \"" << set.Name().ToUtf8()
+            << "\": " << set.NumDisplacements()
+            << (set.NumDisplacements() == 1 ? " point" : " points");
+        if (set.ReadFileName().IsEmpty())
+            out << ", typed in\n";
+        else
+            out << " from " << set.ReadFileName().ToUtf8() << '\n';
+    }
+}
+
 } // namespace
 
 int InfoCommand(HostSession& session, const std::string& file) {
@@ -92,9 +106,11 @@ int InfoCommand(HostSession& session, const std::string& file) {
         {"polylines", doc.NumPolylines()},
         {"stages", doc.NumActualStages(false, false)},
         {"stage properties", doc.NumStageProperties()},
+        {"imported displacement sets", doc.NumImportedDisplacementsSets()},
     };
     for (const auto& r : rows)
         out << "  " << r.label << ": " << r.count << '\n';
+    PrintImportedSets(doc, out);
     out << "  calculation stages: " << doc.NumStages(true, false)
         << (doc.IsSmoothingOn() ? " (with re-entrant corner smoothing)" : "") << '\n';
     PrintExcavations(doc, out);

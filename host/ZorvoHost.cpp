@@ -51,6 +51,21 @@ int Run(const std::vector<std::string>& args, HostSession& session) {
         ->required();
     CLI::App* info = app.add_subcommand("info", "Say what a project holds");
     info->add_option("FILE", file, "Project file (.json or .zorvo)")->required();
+    SImportOptions importOptions;
+    CLI::App* importCmd =
+        app.add_subcommand("import", "Add a set of imported displacements from a CSV file");
+    importCmd->add_option("MODEL", importOptions.model, "Project file (.json or .zorvo)")
+        ->required();
+    importCmd
+        ->add_option("--csv", importOptions.csv,
+                     "Comma-separated points, one a line: X, Y, Z, dX, dY, dZ (m)")
+        ->required();
+    importCmd->add_option("--name", importOptions.name, "Name of the set (default: the file's)");
+    importCmd->add_option("--stages", importOptions.stages,
+                          "Stages that include the set, such as \"1 to 3 5\" (the base model "
+                          "always does)");
+    importCmd->add_option("--output", importOptions.output, "File to save the project with the set")
+        ->required();
 
     std::vector<std::string> reversed(args.rbegin(), args.rend());
     try {
@@ -69,6 +84,8 @@ int Run(const std::vector<std::string>& args, HostSession& session) {
         return SolveCommand(session, solveOptions);
     if (*convert)
         return ConvertCommand(session, in, outPath);
+    if (*importCmd)
+        return ImportCommand(session, importOptions);
     return InfoCommand(session, file);
 }
 

@@ -19,6 +19,7 @@ namespace Tevra {
 //   zorvo solve FILE [--output FILE] [--csv DIR] [--threads N]
 //   zorvo convert IN OUT
 //   zorvo info FILE
+//   zorvo import MODEL --csv FILE [--name NAME] [--stages LIST] --output OUT
 int RunZorvo(const std::vector<std::string>& args, std::ostream& out, std::ostream& err,
              CEvent* interrupt = nullptr);
 

@@ -167,6 +167,24 @@ void ReadResults(ZorvoData& doc, CDataFile& f, int) {
     data->SetAllResults(std::move(all));
 }
 
+// ZorvoDataLegacyImportedDisplacement: the imported sets as files of the first
+// generation held them, without match bits. It is read, never written: the sets go to
+// "Imported Displacements Sets", and writing both would load every set twice. A later
+// generation than it knows is refused with a note, and the other modules still load.
+class ZorvoDataLegacyImportedDisplacement : public ZorvoDataFamily {
+  public:
+    using ZorvoDataFamily::ZorvoDataFamily;
+    bool CanWrite() const override { return false; }
+    bool RefusesLaterGeneration() const override { return true; }
+};
+
+// An imported set read in a generation, appended to the project's sets.
+void ReadImportedSet(ZorvoData& d, CDataFile& f, int generation) {
+    CImportedDisplacementsSet r;
+    r.Read(f, generation);
+    d.SetImportedDisplacementsSet(d.NumImportedDisplacementsSets() + 1, r);
+}
+
 } // namespace
 
 ZorvoDataHelpers::ZorvoDataHelpers(ZorvoData& doc) {
@@ -221,6 +239,19 @@ ZorvoDataHelpers::ZorvoDataHelpers(ZorvoData& doc) {
              r.Read(f, g);
              d.SetDisplacementGrid(d.NumDisplacementGrids(false) + 1, r);
          }});
+    // ZorvoDataLegacyImportedDisplacement and ZorvoDataImportedDisplacementsSets.
+    m_helpers.push_back(std::make_unique<ZorvoDataLegacyImportedDisplacement>(
+        doc, ZorvoDataFamily::SModule{
+                 202120, L"Imported Displacements", CImportedDisplacement::GetVersion(),
+                 [](const ZorvoData& d) { return d.NumImportedDisplacementsSets(); },
+                 [](const ZorvoData& d, CDataFile& f, int n) {
+                     d.GetImportedDisplacementsSet(n).Write(f);
+                 },
+                 ReadImportedSet}));
+    add({202280, L"Imported Displacements Sets", CImportedDisplacementsSet::GetVersion(),
+         [](const ZorvoData& d) { return d.NumImportedDisplacementsSets(); },
+         [](const ZorvoData& d, CDataFile& f, int n) { d.GetImportedDisplacementsSet(n).Write(f); },
+         ReadImportedSet});
     // ZorvoDataTunnels
     add({202010, L"Tunnels", GeoTunnel::GetVersion(),
          [](const ZorvoData& d) { return d.NumTunnels(); },

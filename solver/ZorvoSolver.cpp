@@ -228,6 +228,36 @@ void ZorvoSolver::CalcGroundMovements_All(int stage) {
     if (m_cancelled.load(std::memory_order_relaxed))
         return;
     CalcGroundMovements_DisplacementGrids(stage);
+    if (m_cancelled.load(std::memory_order_relaxed))
+        return;
+    // No cancel test of its own behind this step: the next stands after the specific
+    // buildings.
+    AddImportedDisplacementsToResults(stage, true, false,
+                                      m_prefs->GetImportedDisplacementTolerance());
+    // The building, utility and rail families join here, each followed by the cancel
+    // test: specific buildings (whose loop adds the stage's imported sets to the copies of
+    // each building's line with Add_Imported_Displacements_To_Disp_Lines, and whose serial
+    // tail then calls WriteExactVerticalImportMatchesToImportedDisplacementsForSpecificBuilding
+    // for each building), generic buildings, specific utilities, generic utilities and
+    // rail tracks.
+    AddImportedDisplacementsToResults(stage, false, true,
+                                      m_prefs->GetImportedDisplacementTolerance());
+}
+
+void ZorvoSolver::AddImportedDisplacementsToResults(int stage, bool toDisplacementData,
+                                                    bool toUtilsBuildsRails, double tolerance) {
+    if (m_doc->NumImportedDisplacementsSets() == 0)
+        return;
+    wchar_t text[256];
+    std::swprintf(text, 256, L"%d", stage);
+    SendMsg(text, 5);
+    for (int set : m_doc->ImportedSetsToInclude(stage)) {
+        if (toDisplacementData)
+            m_doc->AddImportedDisplacementsToResults(stage, set, tolerance);
+        if (toUtilsBuildsRails)
+            m_doc->AddImportedDisplacementsToUtilsBuildsRails(stage, set);
+    }
+    SendMsg(nullptr, 0);
 }
 
 void ZorvoSolver::CalcGroundMovements_DisplacementPoints(int stage) {

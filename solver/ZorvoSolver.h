@@ -86,6 +86,12 @@ class ZorvoSolver {
     void CalcGroundMovements_DisplacementPolylines(int stage);
     void CalcGroundMovements_DisplacementGrids(int stage);
 
+    // Adds the imported sets of the stage: to the displacement data with the tolerance
+    // (metres), and to the buildings, utilities and rail tracks. Message 5 with the stage
+    // goes first and a tick last; a project without imported sets sends nothing.
+    void AddImportedDisplacementsToResults(int stage, bool toDisplacementData,
+                                           bool toUtilsBuildsRails, double tolerance);
+
     // Movement and principal strains at the sample's point, stored on it in metres
     // above the threshold; a point inside an excavation of the stage stays untouched.
     void CalcPointResult(Data::GeoDispResult& result, const Data::ZorvoData& doc, int stage,

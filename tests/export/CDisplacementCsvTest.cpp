@@ -42,7 +42,7 @@ TEST(CDisplacementCsv, NumbersInFullAndNonFiniteSpelledOneWay) {
     EXPECT_EQ(std::stod(row.substr(x, comma - x)), 1.2345e70);
     EXPECT_EQ(row.substr(x + 71, 5), ".0000"); // 71 digits, then the decimals
     // -0.00005 is held as a binary value just beyond it, so 4 places give -0.0001.
-    EXPECT_EQ(row.substr(comma), ",-0.0001,2.5000,nan,-inf,12.345679,inf,-1.23456789e-07,nan\n");
+    EXPECT_EQ(row.substr(comma), ",-0.0001,2.5000,nan,-inf,12.345679,inf,-1.23456789e-07,nan,0\n");
 }
 
 // Samples a cancelled run never reached have no rows: they once came out as zeros at

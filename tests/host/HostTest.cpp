@@ -208,11 +208,11 @@ TEST(Host, CsvTablesMatchTheLibrary) {
         std::istringstream in(ReadFile(dir + "/" + t.file));
         std::string line;
         std::getline(in, line);
-        EXPECT_EQ(SplitCsv(line).size(), 15u);
+        EXPECT_EQ(SplitCsv(line).size(), 16u);
         size_t rows = 0;
         while (std::getline(in, line)) {
             const auto f = SplitCsv(line);
-            ASSERT_EQ(f.size(), 15u) << line;
+            ASSERT_EQ(f.size(), 16u) << line;
             EXPECT_EQ(f[0], "0");
             EXPECT_EQ(f[1], "Base Model");
             const GeoDispResult& r =
@@ -238,7 +238,7 @@ TEST(Host, CsvTablesMatchTheLibrary) {
 TEST(Host, EveryExampleChecksCleanAndSolves) {
     for (const char* name :
          {"twin-tunnels", "subsurface", "staged-tunnels", "mine-panel", "user-curves",
-          "basement-and-shaft"}) {
+          "basement-and-shaft", "imported-set"}) {
         const std::string path = kSource + "/examples/" + name + ".json";
         const Outcome check = Host({"check", path});
         EXPECT_EQ(check.status, 0) << name << "\n" << check.err;

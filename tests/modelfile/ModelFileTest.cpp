@@ -482,6 +482,8 @@ TEST(ModelFile, HelpersStandInTheFileOrderWithTheirKeys) {
         {200012, L"Displacement Lines"},
         {200013, L"Displacement Polylines"},
         {200014, L"Displacement Grids"},
+        {202120, L"Imported Displacements"},
+        {202280, L"Imported Displacements Sets"},
         {202010, L"Tunnels"},
         {202020, L"Mine Seams"},
         {202040, L"Vertical Ground Movement Curves"},
