@@ -538,7 +538,10 @@ void CheckStageProperty(const ZorvoData& doc, const CStageProperty& p, RecordFin
                     continue;
                 for (size_t k = 0; k < v.size(); ++k)
                     if (std::isfinite(v[k]) && v[k] >= surface) {
-                        f.Error("value " + std::to_string(k + 1) + " gives excavation " +
+                        f.Error("value " + std::to_string(k + 1) + " gives " +
+                                (p.GetElementType() == eElementPolygonalExcavation
+                                     ? "polygonal excavation "
+                                     : "circular excavation ") +
                                 std::to_string(n) + " a base level of " + Number(v[k]) +
                                 " m, not below its surface level of " + Number(surface) +
                                 " m: the wall has no depth in that stage; give a level below "

@@ -357,7 +357,7 @@ TEST(SanityChecks, ExcavationsAndImportedSets) {
              raise.SetValues({101.0});
              d.SetStageProperty(1, raise);
          },
-         "E Stage property 1: value 1 gives excavation 1 a base level of 101 m, not below its "
+         "E Stage property 1 \"Stage Property #\": value 1 gives circular excavation 1 a base level of 101 m, not below its "
          "surface level of 100 m: the wall has no depth in that stage; give a level below the "
          "surface level\n"},
         {"an imported set",
