@@ -12,6 +12,8 @@ namespace {
 
 const char* FamilyName(long long code) {
     switch (code) {
+    case 5: // one tick, twice a stage when the project holds imported sets
+        return "imported displacements";
     case 40:
         return "points";
     case 41:

@@ -40,50 +40,55 @@ bool CExcavation::SameExcavation(const CExcavation& o) const {
 // The curves give movement as a percentage of the wall depth against the distance
 // behind the wall and the depth, both as fractions of the wall depth. The range tests
 // stand in this order: a surface-only curve's depth reach, the curve's reach in
-// distance, then its reach in depth.
-double CExcavation::MovementAtDistance(const ZorvoData&, const CGMCurve& curve,
-                                       const double& wallDepth, const double& distance,
-                                       const double& depth) const {
-    const double z = depth < 0.0 ? 0.0 : depth; // above the surface counts as at it
+// distance, then its reach in depth. The movement's first test keeps 1 mm of margin
+// below the allow level; the strain's has none.
+bool CExcavation::CurveReaches(const CGMCurve& curve, const double& wallDepth,
+                               const double& distance, double z, bool movement) const {
     const double reach = std::fabs(m_surfaceLevel - m_allowLevel);
     const bool surfaceOnly = curve.GetSurfaceOnly();
     if (surfaceOnly) {
         if (m_allowToLevel) {
-            if (z >= std::fabs(m_surfaceLevel - m_allowLevel + 0.001))
-                return 0.0;
+            if (movement ? z >= std::fabs(m_surfaceLevel - m_allowLevel + 0.001) : z > reach)
+                return false;
         } else if (!(z < 0.001)) {
-            return 0.0;
+            return false;
         }
     }
 
     // A curve without data reaches nowhere; the checks before a run report it.
     if (curve.NumDataCoords() == 0)
+        return false;
+    // Never read a movement beyond the curve's end.
+    if (!(wallDepth * curve.GetMaxDataX() >= distance))
+        return false;
+
+    if (surfaceOnly) {
+        if (m_allowToLevel)
+            return reach >= z;
+        return z < 0.001;
+    }
+    // Each a scan of the data: only a curve with depth asks.
+    return !(z > wallDepth * curve.GetMaxDataY() || z < wallDepth * curve.GetMinDataY());
+}
+
+double CExcavation::MovementAtDistance(const ZorvoData&, const CGMCurve& curve,
+                                       const double& wallDepth, const double& distance,
+                                       const double& depth) const {
+    const double z = depth < 0.0 ? 0.0 : depth; // above the surface counts as at it
+    if (!CurveReaches(curve, wallDepth, distance, z, true))
         return 0.0;
     double x = distance / wallDepth;
     const double y = z / wallDepth;
-    const double xMax = curve.GetMaxDataX();
-
-    // Never read a movement beyond the curve's end.
-    if (!(wallDepth * xMax >= distance))
-        return 0.0;
-
-    if (surfaceOnly) {
-        if (m_allowToLevel) {
-            if (!(reach >= z))
-                return 0.0;
-        } else if (!(z < 0.001)) {
-            return 0.0;
-        }
-    } else if (z > wallDepth * curve.GetMaxDataY() || z < wallDepth * curve.GetMinDataY()) {
-        return 0.0; // each a scan of the data: only a curve with depth asks
-    }
 
     // d / H can round above the last x although H * Xmax >= d held. The movement is then
     // the curve's last one, which a surface-only curve read by interpolation gives at
     // its last x: beyond it, it would give an x, not a movement. A polynomial is read
     // where it stands.
-    if (surfaceOnly && curve.GetInterpolationMethod() != CGMCurve::ePolynomial && x > xMax)
-        x = xMax;
+    if (curve.GetSurfaceOnly() && curve.GetInterpolationMethod() != CGMCurve::ePolynomial) {
+        const double xMax = curve.GetMaxDataX();
+        if (x > xMax)
+            x = xMax;
+    }
 
     bool found = false; // not asked: outside the triangles the value is 0
     const double value = curve.GetZ(x, y, found);
@@ -97,34 +102,10 @@ double CExcavation::StrainAtDistance(const ZorvoData&, const CGMCurve& curve,
                                      const double& wallDepth, const double& distance,
                                      const double& depth) const {
     const double z = depth < 0.0 ? 0.0 : depth;
-    const double reach = std::fabs(m_surfaceLevel - m_allowLevel);
-    const bool surfaceOnly = curve.GetSurfaceOnly();
-    if (surfaceOnly) {
-        if (m_allowToLevel) {
-            if (z > reach) // no 0.001 margin here, unlike the movement
-                return 0.0;
-        } else if (!(z < 0.001)) {
-            return 0.0;
-        }
-    }
-
-    if (curve.NumDataCoords() == 0)
+    if (!CurveReaches(curve, wallDepth, distance, z, false))
         return 0.0;
     const double x = distance / wallDepth;
     const double y = z / wallDepth;
-    if (!(wallDepth * curve.GetMaxDataX() >= distance))
-        return 0.0;
-    if (surfaceOnly) {
-        if (m_allowToLevel) {
-            if (!(reach >= z))
-                return 0.0;
-        } else if (!(z < 0.001)) {
-            return 0.0;
-        }
-    } else if (z > wallDepth * curve.GetMaxDataY() || z < wallDepth * curve.GetMinDataY()) {
-        return 0.0;
-    }
-
     // The polynomial's slope whatever the curve's method.
     double result = curve.GradientWRTX(x, y) / 100.0;
     if (m_contribution == eNegative)

@@ -104,6 +104,10 @@ class CExcavation {
                             const double& distance, const double& depth) const;
 
   protected:
+    // Whether a curve gives anything at a distance and depth z (metres, z not above the
+    // surface) behind a wall of a depth: the range tests of a movement, or of a strain.
+    bool CurveReaches(const CGMCurve& curve, const double& wallDepth, const double& distance,
+                      double z, bool movement) const;
     // Equal inputs; the intersection sets, derived by the checks, are not compared.
     bool SameExcavation(const CExcavation& o) const;
 
