@@ -41,6 +41,8 @@ CBasicList List(const wchar_t* text) {
 
 } // namespace
 
+// The widths of every derivation are pinned by ZorvoCal.TroughWidthByDerivation; here a
+// few of them, with the levels and layers they take from the document, shape the trough.
 TEST(Tunnels, PeakSettlementAndTroughShapeByDerivation) {
     struct {
         const char* method;
@@ -51,20 +53,10 @@ TEST(Tunnels, PeakSettlementAndTroughShapeByDerivation) {
     } cases[] = {
         {"O'Reilly and New, clay", GeoTunnel::ekOReillyAndNew, GeoTunnel::eCohesive, 1, 9.7,
          17.44303181}, // i = 0.43 20 + 1.1
-        {"O'Reilly and New, sand", GeoTunnel::ekOReillyAndNew, GeoTunnel::eGranular, 1, 5.48,
-         30.87543951}, // i = 0.28 20 - 0.12
-        {"Boscardin, clay", GeoTunnel::ekBoscardin, GeoTunnel::eCohesive, 1, 10.0,
-         16.91974085}, // i = 0.5 20
-        {"Boscardin, sand", GeoTunnel::ekBoscardin, GeoTunnel::eGranular, 1, 5.0,
-         33.83948171}, // i = 0.25 20
         {"user k 0.4", GeoTunnel::ekUserSpecified, GeoTunnel::eGranular, 1, 8.0,
          21.14967607}, // i = 0.4 20
         {"Selby, clay, two layers", GeoTunnel::ekSelby, GeoTunnel::eCohesive, 2, 7.9,
          21.41739349}, // i = 8 0.43 + 12 0.28 + 1.1
-        {"Selby, sand, two layers", GeoTunnel::ekSelby, GeoTunnel::eGranular, 2, 7.3,
-         23.17772720}, // i = 12 0.43 + 8 0.28 - 0.1
-        {"Selby, clay, one layer", GeoTunnel::ekSelby, GeoTunnel::eCohesive, 1, 9.7,
-         17.44303181}, // interface at the point: i = 20 0.43 + 1.1
         {"Selby, sand, one layer", GeoTunnel::ekSelby, GeoTunnel::eGranular, 1, 5.5,
          30.76316519}, // i = 20 0.28 - 0.1
     };
