@@ -5,6 +5,8 @@
 
 #include <gtest/gtest.h>
 
+#include "tests/support/Host.h"
+
 #include <cstdlib>
 #include <fstream>
 #include <sstream>
@@ -12,32 +14,12 @@
 
 using namespace Tevra;
 using namespace Tevra::Data;
+using namespace Tevra::Testing;
 
 namespace {
 
-const std::string kSource = ZORVO_SOURCE_DIR;
 // Three stages over a grid of 25 x 25 samples 5 m apart, from (-60, -60) at level 100.
 const std::string kStaged = kSource + "/examples/staged-tunnels.json";
-
-struct Outcome {
-    int status;
-    std::string out, err;
-};
-
-Outcome Zorvo(const std::vector<std::string>& args) {
-    std::ostringstream out, err;
-    const int status = RunZorvo(args, out, err);
-    return {status, out.str(), err.str()};
-}
-
-struct TempDir {
-    std::string path;
-    TempDir() {
-        char pattern[] = "/tmp/zorvo-import-XXXXXX";
-        path = mkdtemp(pattern);
-    }
-    ~TempDir() { std::system(("rm -rf '" + path + "'").c_str()); }
-};
 
 } // namespace
 

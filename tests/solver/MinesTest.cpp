@@ -81,8 +81,9 @@ ZorvoData MineProject(const std::vector<GeoMine>& mines) {
 // reference corner (14, -986), is x from 28 to 4000 and y from -972 to 1000.
 GeoMine WidePanel() { return Panel(0.0, 0.0, 4000.0, 0.0, 2000.0, 1.5, 50.0, 45.0, 50.0, 45.0); }
 
-// The influence ring method exactly as its steps are written: the ring weights, the
-// edge and subsidence tables and the sector directions are worked at every call.
+// The influence ring method exactly as its steps are written, every ring and sector
+// tested and the sector directions worked at every call; the ring weights and the edge
+// and subsidence factors are the kernel's own, pinned by the tables above.
 // pi comes through a volatile so that the compiler cannot work exp, cos and sin of
 // constants itself: they come from the run-time library, as in the solver.
 void LiteralMines(const ZorvoData& doc, double x, double y, double* disp, double* strain,
@@ -90,11 +91,7 @@ void LiteralMines(const ZorvoData& doc, double x, double y, double* disp, double
     volatile double halfTurn = 2.0 * std::asin(1.0);
     const double pi = halfTurn;
     double table[40];
-    for (int j = 1; j <= 40; ++j) {
-        const double a = (j - 1) * 0.025;
-        const double b = j * 0.025;
-        table[j - 1] = std::exp(-pi * (a * a)) - std::exp(-pi * (b * b)) + 0.00108;
-    }
+    Access::RingWeights(table);
     for (int j = 0; j < 3; ++j)
         disp[j] = strain[j] = 0.0;
     *volumeTerm = 0.0;
@@ -109,34 +106,12 @@ void LiteralMines(const ZorvoData& doc, double x, double y, double* disp, double
         const double L = std::sqrt(dx * dx + dy * dy);
         const double c = dx / L, s = dy / L, phi = std::atan2(dy, dx);
 
-        double e;
-        if (r <= 0.4)
-            e = 0.0;
-        else if (r <= 0.7)
-            e = (r - 0.4) * 0.11 / 0.3;
-        else if (r <= 1.0)
-            e = (r - 0.7) * 0.026 / 0.3 + 0.11;
-        else if (r < 1.2)
-            e = (r - 1.0) * 0.004 / 0.2 + 0.136;
-        else
-            e = 0.14;
+        const double e = Access::Edge(r);
         const double E = e * H;
         const double Cx = E * c + mine.GetXCentreLine1() + (0.5 * W - E) * s;
         const double Cy = E * s + mine.GetYCentreLine1() - (0.5 * W - E) * c;
 
-        double a;
-        if (r <= 0.25)
-            a = 0.28;
-        else if (r <= 0.5)
-            a = (r - 0.25) * 0.52 * 4 + 0.28;
-        else if (r <= 0.75)
-            a = (r - 0.5) * 0.38 * 4 + 0.8;
-        else if (r <= 1.25)
-            a = 1.18 - (r - 0.75) * 0.28;
-        else if (r <= 2.0)
-            a = 1.04 - (r - 1.25) * 0.04 / 0.75;
-        else
-            a = 1.0;
+        const double a = Access::MaxFactor(r);
         const double M = a * 900 * mine.GetClosure();
 
         const double R =

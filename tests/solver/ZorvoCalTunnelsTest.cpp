@@ -41,6 +41,8 @@ CBasicList List(const wchar_t* text) {
 
 } // namespace
 
+// The widths of every derivation are pinned by ZorvoCal.TroughWidthByDerivation; here a
+// few of them, with the levels and layers they take from the document, shape the trough.
 TEST(Tunnels, PeakSettlementAndTroughShapeByDerivation) {
     struct {
         const char* method;
@@ -51,20 +53,10 @@ TEST(Tunnels, PeakSettlementAndTroughShapeByDerivation) {
     } cases[] = {
         {"O'Reilly and New, clay", GeoTunnel::ekOReillyAndNew, GeoTunnel::eCohesive, 1, 9.7,
          17.44303181}, // i = 0.43 20 + 1.1
-        {"O'Reilly and New, sand", GeoTunnel::ekOReillyAndNew, GeoTunnel::eGranular, 1, 5.48,
-         30.87543951}, // i = 0.28 20 - 0.12
-        {"Boscardin, clay", GeoTunnel::ekBoscardin, GeoTunnel::eCohesive, 1, 10.0,
-         16.91974085}, // i = 0.5 20
-        {"Boscardin, sand", GeoTunnel::ekBoscardin, GeoTunnel::eGranular, 1, 5.0,
-         33.83948171}, // i = 0.25 20
         {"user k 0.4", GeoTunnel::ekUserSpecified, GeoTunnel::eGranular, 1, 8.0,
          21.14967607}, // i = 0.4 20
         {"Selby, clay, two layers", GeoTunnel::ekSelby, GeoTunnel::eCohesive, 2, 7.9,
          21.41739349}, // i = 8 0.43 + 12 0.28 + 1.1
-        {"Selby, sand, two layers", GeoTunnel::ekSelby, GeoTunnel::eGranular, 2, 7.3,
-         23.17772720}, // i = 12 0.43 + 8 0.28 - 0.1
-        {"Selby, clay, one layer", GeoTunnel::ekSelby, GeoTunnel::eCohesive, 1, 9.7,
-         17.44303181}, // interface at the point: i = 20 0.43 + 1.1
         {"Selby, sand, one layer", GeoTunnel::ekSelby, GeoTunnel::eGranular, 1, 5.5,
          30.76316519}, // i = 20 0.28 - 0.1
     };
@@ -263,19 +255,14 @@ TEST(Tunnels, StagePropertyOverridesTheDiameterInItsStage) {
     smoothing.SetReEntrantCornerSmoothing(true);
     doc.SetReEntrantCornerOptions(smoothing);
 
-    auto property = [](int stage, EElementType type, const wchar_t* refs, double value) {
-        CStageProperty p;
-        p.SetStage(stage);
-        p.SetElementType(type);
-        p.SetRefs(List(refs));
-        p.SetValues({value});
-        return p;
-    };
-    doc.SetStageProperty(1, property(2, eElementTunnel, L"1", 4.0));
-    doc.SetStageProperty(2, property(2, eElementTunnel, L"1 to 3", 3.0));         // the later wins
-    doc.SetStageProperty(3, property(1, eElementPolygonalExcavation, L"1", 1.0)); // not a tunnel
-    doc.SetStageProperty(4, property(-1, eElementTunnel, L"1", 2.0));             // no stage
-    doc.SetStageProperty(5, property(1, eElementTunnel, L"2", 2.0));              // another tunnel
+    // Which property applies where is the document's (Stages.StagePropertyOverrides...);
+    // here the kernel takes the diameter it gives.
+    CStageProperty p;
+    p.SetStage(2);
+    p.SetElementType(eElementTunnel);
+    p.SetRefs(List(L"1"));
+    p.SetValues({3.0});
+    doc.SetStageProperty(1, p);
 
     // Smax grows with D^2 (the width does not depend on D): with 3 m, 17.443032 / 4.
     // Index 5, stage 2 smoothed, meets no property and keeps the tunnel's own 6 m.

@@ -159,28 +159,6 @@ TEST(ZorvoSolver, NullDocumentOrPreferencesDoNothing) {
     EXPECT_TRUE(doc == before); // the earlier results stand
 }
 
-TEST(ZorvoSolver, NullHandlerGivesTheSameResults) {
-    ZorvoData doc;
-    doc.SetTunnel(1, LongTunnel());
-    CStage listed;
-    CBasicList one;
-    one.SetString(L"1");
-    listed.SetTunnels(one);
-    doc.SetStage(1, listed);
-    doc.SetStage(2, CStage());
-    doc.SetDisplacementPoint(1, PointAt(3.0, 4.0, 20.0));
-    doc.SetDisplacementLine(1, Line({0.0, -30.0, 20.0}, {5.0, 30.0, 20.0}, 12));
-    doc.SetDisplacementGrid(1, CDisplacementGrid());
-
-    ZorvoData silent = doc;
-    Solve(doc);
-    CLodraZorvoPrefData prefs;
-    EXPECT_TRUE(ZorvoSolver(&silent, &prefs, nullptr, {}).Solve());
-    EXPECT_TRUE(silent == doc);
-    EXPECT_GT(silent.GetDisplacementPoint(1).GetResultFromPosition(1, 0, 0).GetZdisplacement(),
-              0.0);
-}
-
 TEST(ZorvoSolver, BaseModelAloneWithoutStages) {
     for (bool smoothing : {false, true}) {
         ZorvoData doc;

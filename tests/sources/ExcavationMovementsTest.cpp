@@ -155,56 +155,65 @@ TEST(ExcavationMovements, StiffeningTablesAndSoilAngle) {
         EXPECT_NEAR(c.got, c.expected, 1e-12) << c.what;
 }
 
-// Region 1, behind a side, on the square: the outside of side 0 is y < 0 and a movement
+// Region 1, behind a side: the outside of side 0 of the square is y < 0 and a movement
 // towards the excavation is +y there.
 TEST(ExcavationMovements, BehindASide) {
-    Site site;
-    site.doc.SetPolygonalExcavation(1, site.Basement(kSquare));
+    const double alpha = Degrees(std::atan2(3.0, 4.0)); // see ConvexCornerFan
+    // Side 0 from (0, 0) to (1, 5): L = sqrt(26) = 5.0990195135927845, and at its end
+    // vertex s = 1 ux + 5 uy = 5.0990195135927854, one rounding above L.
+    const double L = std::sqrt(26.0);
+    ASSERT_GT(1.0 * (1.0 / L) + 5.0 * (5.0 / L), L);
     struct {
+        std::vector<Vec2<double>> outline;
         double x, y;
         std::array<double, 3> expected;
         const char* what;
     } cases[] = {
         // d = 4 behind the middle of side 0 alone.
-        {10.0, -4.0, {0.0, mH(4), mV(4)}, "middle of a side"},
+        {kSquare, 10.0, -4.0, {0.0, mH(4), mV(4)}, "middle of a side"},
         // At vertex 1 both sides meet at d = 0 and each gives half: side 0 moves +y by
         // 25, side 1 (outside x > 20) moves -x by 25; 50 + 50 down.
-        {20.0, 0.0, {-25.0, 25.0, 100.0}, "vertex, half from each side"},
+        {kSquare, 20.0, 0.0, {-25.0, 25.0, 100.0}, "vertex, half from each side"},
         // Abreast of vertex 1, d = 4: all of side 0 (the fan starts beyond it).
-        {20.0, -4.0, {0.0, mH(4), mV(4)}, "abreast of a convex corner"},
+        {kSquare, 20.0, -4.0, {0.0, mH(4), mV(4)}, "abreast of a convex corner"},
         // Beyond the reach of the curve: d = 20.5 > 10 x 2.
-        {10.0, -20.5, {0.0, 0.0, 0.0}, "beyond the curve"},
+        {kSquare, 10.0, -20.5, {0.0, 0.0, 0.0}, "beyond the curve"},
+        // Sides 0 and 1 in line: abreast of their common vertex (10, 0) at d = 4 the point
+        // is at the end of one and the start of the other, with unit vectors of cross
+        // product 0: half of (40, 80) from each, the whole of one wall.
+        {{{0, 0}, {10, 0}, {20, 0}, {20, 20}, {0, 20}},
+         10.0,
+         -4.0,
+         {0.0, mH(4), mV(4)},
+         "collinear sides"},
+        // Vertex 1 repeated: side 1 has length 0 and is skipped, and the walks to the next
+        // side pass over it, so the corner and its fan stay as on the plain square.
+        {{{0, 0}, {20, 0}, {20, 0}, {20, 20}, {0, 20}},
+         20.0,
+         0.0,
+         {-25.0, 25.0, 100.0},
+         "repeated vertex, at it"},
+        {{{0, 0}, {20, 0}, {20, 0}, {20, 20}, {0, 20}},
+         23.0,
+         -4.0,
+         {-alpha / 90.0 * mH(5), (90.0 - alpha) / 90.0 * mH(5), mV(5)},
+         "repeated vertex, in the fan"},
+        // The end vertex of the sloping side is outside side 0's region (and not in its
+        // fan, s2 = 0), and takes only the half of side 1, which starts there: 25 mm
+        // towards the wall (-y, side 1 running west) and 50 mm down.
+        {{{0, 0}, {1, 5}, {-10, 5}}, 1.0, 5.0, {0.0, -25.0, 50.0}, "sloping end vertex"},
     };
-    for (const auto& c : cases)
+    Site site;
+    for (const auto& c : cases) {
+        site.doc.SetPolygonalExcavation(1, site.Basement(c.outline));
         ExpectMovement(Basement1(site.doc, 0, c.x, c.y), c.expected, c.what);
+    }
 
     // A negative contribution reverses both components.
     CPolygonalExcavation negative = site.Basement(kSquare);
     negative.SetContribution(CExcavation::eNegative);
     site.doc.SetPolygonalExcavation(1, negative);
     ExpectMovement(Basement1(site.doc, 0, 10.0, -4.0), {0.0, -mH(4), -mV(4)}, "negative");
-}
-
-TEST(ExcavationMovements, CollinearSidesShareTheirCommonVertex) {
-    // Side 0 (0, 0)-(10, 0) and side 1 (10, 0)-(20, 0) in line. Abreast of (10, 0) at
-    // d = 4 the point is at the end of side 0 and the start of side 1, with unit vectors
-    // of cross product 0: half of (40, 80) from each, the whole of one wall.
-    Site site;
-    site.doc.SetPolygonalExcavation(1,
-                                    site.Basement({{0, 0}, {10, 0}, {20, 0}, {20, 20}, {0, 20}}));
-    ExpectMovement(Basement1(site.doc, 0, 10.0, -4.0), {0.0, mH(4), mV(4)}, "collinear");
-}
-
-TEST(ExcavationMovements, RepeatedVertexChangesNothing) {
-    // Vertex 1 repeated: side 1 has length 0 and is skipped, and the walks to the next
-    // side pass over it, so the corner and its fan stay as on the plain square.
-    Site site;
-    site.doc.SetPolygonalExcavation(1,
-                                    site.Basement({{0, 0}, {20, 0}, {20, 0}, {20, 20}, {0, 20}}));
-    ExpectMovement(Basement1(site.doc, 0, 20.0, 0.0), {-25.0, 25.0, 100.0}, "vertex");
-    const double alpha = Degrees(std::atan2(3.0, 4.0)); // see ConvexCornerFan
-    ExpectMovement(Basement1(site.doc, 0, 23.0, -4.0),
-                   {-alpha / 90.0 * mH(5), (90.0 - alpha) / 90.0 * mH(5), mV(5)}, "fan");
 }
 
 TEST(ExcavationMovements, StageBaseLevelsAndWallsAboveTheSurface) {
@@ -382,20 +391,6 @@ TEST(ExcavationMovements, ReEntrantCornerSmoothing) {
         site.doc.SetPolygonalExcavation(1, e);
         ExpectMovement(Basement1(site.doc, c.stage, c.x, c.y), c.expected, c.what);
     }
-}
-
-TEST(ExcavationMovements, EndVertexOfASlopingSide) {
-    // Side 0 runs from (0, 0) to (1, 5): L = sqrt(26) = 5.0990195135927845, and at its
-    // end vertex s = 1 ux + 5 uy = 5.0990195135927854, one rounding above L. The vertex
-    // is then outside side 0's region (and not in its fan, s2 = 0), and takes only the
-    // half of side 1, which starts there: 25 mm towards the wall (-y, side 1 running
-    // west) and 50 mm down, where a vertex of square sides takes 100 mm down.
-    Site site;
-    site.doc.SetPolygonalExcavation(1, site.Basement({{0, 0}, {1, 5}, {-10, 5}}));
-    const double L = std::sqrt(26.0);
-    const double s = 1.0 * (1.0 / L) + 5.0 * (5.0 / L);
-    ASSERT_GT(s, L);
-    ExpectMovement(Basement1(site.doc, 0, 1.0, 5.0), {0.0, -25.0, 50.0}, "sloping end vertex");
 }
 
 TEST(ExcavationMovements, CurveIndexOutsideTheList) {

@@ -24,24 +24,6 @@ GeoMine Panel(double x1, double y1, double x2, double y2, double width) {
 
 } // namespace
 
-TEST(MineRecord, NewPanel) {
-    const GeoMine m;
-    EXPECT_EQ(m.GetName(), CString(L"Mine #"));
-    for (double v :
-         {m.GetClosure(), m.GetPanelWidth(), m.GetLowerStratumThickness(),
-          m.GetUpperStratumThickness(), m.GetLowerAngleOfDraw(), m.GetUpperAngleOfDraw(),
-          m.GetXCentreLine1(), m.GetXCentreLine2(), m.GetYCentreLine1(), m.GetYCentreLine2()})
-        EXPECT_EQ(v, 0.0);
-    EXPECT_TRUE(m.GetShow());
-    EXPECT_FALSE(m.GetLabel());
-    EXPECT_EQ(GeoMine::GetVersion(), 4);
-
-    GeoMine edited = Panel(1, 2, 3, 4, 5);
-    edited.SetLabel(true);
-    edited.Empty();
-    EXPECT_EQ(edited, GeoMine());
-}
-
 TEST(MineRecord, OutlineAtEachLevel) {
     // Along X from (0, 0) to (100, 0), 40 m wide, under 30 m at 45 degrees and 20 m at
     // 30 degrees: the top of the lower stratum lies 30 tan 45 = 30 m outside the panel,

@@ -6,10 +6,25 @@
 #include <random>
 #include <set>
 
+#include "tests/support/Texts.h"
+
 using namespace Tevra;
 using namespace Tevra::Data;
+using namespace Tevra::Testing;
 
 namespace {
+
+const TextTable kTexts = ReadTexts("validation/Checks.tsv");
+
+// The one text of a case of the table.
+std::string Text(const char* key) { return kTexts.at(key).at(0); }
+
+std::vector<std::string> Utf8(const std::vector<CString>& texts) {
+    std::vector<std::string> out;
+    for (const CString& t : texts)
+        out.push_back(t.ToUtf8());
+    return out;
+}
 
 GeoTunnel Tunnel(const wchar_t* name, double x1, double y1, double x2, double y2) {
     GeoTunnel t;
@@ -43,16 +58,14 @@ TEST(GeneralErrors, NeedsASourceOfMovement) {
     bool cancelled = false;
     EXPECT_TRUE(doc.GeneralErrors(m, cancelled));
     ASSERT_EQ(m.size(), 1u);
-    EXPECT_EQ(m[0], CString(L"There should be at least a tunnel or an excavation or a set of "
-                            L"imported displacements for the analysis to proceed."));
+    EXPECT_EQ(m[0].ToUtf8(), Text("no source in a tunnel analysis"));
 
     GeoZorvoGeneral mine;
     mine.SetProblemType(eMine);
     doc.SetGeneral(mine);
     doc.SetTunnel(1, GeoTunnel()); // tunnels do not count in a mine analysis
     EXPECT_TRUE(doc.GeneralErrors(m, cancelled));
-    EXPECT_EQ(m[0], CString(L"There should be at least a mine or a set of imported "
-                            L"displacements for the analysis to proceed."));
+    EXPECT_EQ(m[0].ToUtf8(), Text("no source in a mine analysis"));
 
     doc.SetGeneral(GeoZorvoGeneral());
     EXPECT_FALSE(doc.GeneralErrors(m, cancelled));
@@ -67,9 +80,7 @@ TEST(TunnelErrors, VerticalBelowAMillimetreOfPlanLength) {
     std::vector<CString> m;
     bool cancelled = false;
     EXPECT_TRUE(doc.TunnelErrors(m, cancelled));
-    ASSERT_EQ(m.size(), 2u);
-    EXPECT_EQ(m[0], CString(L"Tunnel 1 is vertical.  Vertical tunnels cannot be analysed."));
-    EXPECT_EQ(m[1], CString(L"Tunnel 3 is vertical.  Vertical tunnels cannot be analysed."));
+    EXPECT_EQ(Utf8(m), kTexts.at("vertical tunnels"));
 }
 
 TEST(CheckPass, FrameTellsDialogWindowAndStopsOnTheEvent) {
@@ -119,38 +130,23 @@ TEST(TunnelWarnings, NegativeLossAndSameNames) {
     bool cancelled = false;
     EXPECT_TRUE(doc.TunnelWarnings(m, cancelled));
     ASSERT_EQ(m.size(), 1u + 25u + 1u);
-    EXPECT_EQ(m[0], CString(L"Tunnel 2's volume loss is negative. Volume loss to generate ground "
-                            L"movement towards a tunnel should be modelled using a positive "
-                            L"value. Results should be treated with caution and verified."));
-    EXPECT_EQ(m[1], CString(L"Tunnel 1 and 2 have the same name."));
-    EXPECT_EQ(m[25], CString(L"Tunnel 1 and 26 have the same name."));
-    EXPECT_EQ(m[26], CString(L"There may be other pairs of tunnels with identical names. Only 25 "
-                             L"are listed here."));
+    EXPECT_EQ(m[0].ToUtf8(), Text("negative loss"));
+    EXPECT_EQ(m[1].ToUtf8(), Text("same names, first"));
+    EXPECT_EQ(m[25].ToUtf8(), Text("same names, last"));
+    EXPECT_EQ(m[26].ToUtf8(), Text("same names, closing note"));
 }
 
 TEST(TunnelWarnings, SubSurfaceMethodMessages) {
     struct Case {
         GeoTunnel::ESubSurfaceMethod method;
         GeoTunnel::ESoilType soil;
-        const wchar_t* expected; // null: no sub-surface message
+        const char* expected; // the case in the table; null: no sub-surface message
     };
     const Case cases[] = {
         {GeoTunnel::eNewAndBowers, GeoTunnel::eCohesive, nullptr},
-        {GeoTunnel::eMair, GeoTunnel::eCohesive,
-         L"At least one set of displacement data is of type 'Sub-surface'. At least one tunnel "
-         L"uses the 'Mair et al' sub-surface displacement method. The 'Mair et al' method has "
-         L"been derived for calculating sub-surface settlements in cohesive soil. Horizontal "
-         L"displacement results should be treated with caution. "},
-        {GeoTunnel::eMair, GeoTunnel::eGranular,
-         L"At least one set of displacement data is of type 'Sub-surface'. At least one tunnel "
-         L"uses the 'Mair et al' sub-surface displacement method. In addition, at least one "
-         L"tunnel lies in granular soil. The 'Mair et al' method has been derived for "
-         L"calculating sub-surface settlements in cohesive soil. Results should be treated with "
-         L"caution. "},
-        {GeoTunnel::eNewAndBowers, GeoTunnel::eGranular,
-         L"At least one set of displacement data is of type 'Sub-surface'. At least one tunnel "
-         L"uses the 'New and Bowers' sub-surface displacement method and lies in granular soil. "
-         L"Results should be treated with caution. "},
+        {GeoTunnel::eMair, GeoTunnel::eCohesive, "sub-surface: Mair et al., cohesive"},
+        {GeoTunnel::eMair, GeoTunnel::eGranular, "sub-surface: Mair et al., granular"},
+        {GeoTunnel::eNewAndBowers, GeoTunnel::eGranular, "sub-surface: New and Bowers, granular"},
     };
     for (const Case& c : cases) {
         ZorvoData doc;
@@ -173,7 +169,7 @@ TEST(TunnelWarnings, SubSurfaceMethodMessages) {
             continue;
         }
         ASSERT_GE(m.size(), 1u);
-        EXPECT_EQ(m[0], CString(c.expected));
+        EXPECT_EQ(m[0].ToUtf8(), Text(c.expected));
     }
 }
 
@@ -194,11 +190,7 @@ TEST(TunnelWarnings, MairZOverZ0IsReportedOnceForTheFirstExample) {
     bool cancelled = false;
     EXPECT_TRUE(doc.TunnelWarnings(m, cancelled));
     ASSERT_EQ(m.size(), 2u);
-    EXPECT_EQ(m[1], CString(L"The appropriateness of results should be checked where the 'Mair "
-                            L"et al' sub-surface displacement method has been used and "
-                            L"displacement data are below the crown of the tunnel or give z/zo "
-                            L"ratios that are greater than 0.8.  An example is Tunnel 1 and "
-                            L"Displacement Data 1.  There may be others."));
+    EXPECT_EQ(m[1].ToUtf8(), Text("Mair z/zo"));
 }
 
 namespace {
@@ -391,14 +383,7 @@ TEST(StageErrors, ReferencesThatDoNotExist) {
     std::vector<CString> m;
     bool cancelled = false;
     EXPECT_TRUE(doc.StageErrors(m, cancelled));
-    ASSERT_EQ(m.size(), 5u);
-    EXPECT_EQ(m[0], CString(L"Stage: Drive refers to Tunnel  2 which does not exist."));
-    EXPECT_EQ(m[1],
-              CString(L"Stage: Drive refers to Polygonal Excavation 1 which does not exist."));
-    EXPECT_EQ(m[2], CString(L"Stage Property 1 refers to Stage 3 which is non-existent."));
-    EXPECT_EQ(m[3], CString(L"Stage Properties 1 has no value(s)."));
-    EXPECT_EQ(m[4], CString(L"Stage Property 1 refers to Tunnel 2, but only 1 Tunnels have been "
-                            L"specified."));
+    EXPECT_EQ(Utf8(m), kTexts.at("stage references"));
 }
 
 TEST(DisplacementChecks, RecordsWithoutExtentOrReference) {

@@ -4,48 +4,17 @@
 
 #include <functional>
 
+#include "tests/support/Excavations.h"
+#include "tests/support/Texts.h"
+
 using namespace Tevra;
 using namespace Tevra::Data;
+using namespace Tevra::Testing;
 
 namespace {
 
 using Texts = std::vector<CString>;
 const GeoGlobal::EDirection H = GeoGlobal::eHorizontal, V = GeoGlobal::eVertical;
-
-// A square pit of side a (metres) from (x, y), surface 100 m, base 90 m, each side with
-// the "no movement" curves (index 0, complete and not surface-only).
-CPolygonalExcavation Pit(const wchar_t* name, double x, double y, double a = 10.0) {
-    CPolygonalExcavation e;
-    e.SetName(name);
-    const Vec2<double> v[4] = {{x, y}, {x + a, y}, {x + a, y + a}, {x, y + a}};
-    for (int k = 1; k <= 4; ++k) {
-        e.SetCoord(k, v[k - 1]);
-        e.SetBaseLevel(k, 90.0);
-        e.SetExcavationCorner(k, CExcavationCorner());
-    }
-    return e;
-}
-
-// An L-shaped pit: re-entrant at (5, 5).
-CPolygonalExcavation LPit(const wchar_t* name, double x) {
-    CPolygonalExcavation e = Pit(name, x, 0.0);
-    const Vec2<double> v[6] = {{x, 0}, {x + 10, 0}, {x + 10, 5}, {x + 5, 5}, {x + 5, 10}, {x, 10}};
-    for (int k = 1; k <= 6; ++k) {
-        e.SetCoord(k, v[k - 1]);
-        e.SetBaseLevel(k, 90.0);
-        e.SetExcavationCorner(k, CExcavationCorner());
-    }
-    return e;
-}
-
-CCircularExcavation Shaft(const wchar_t* name, double x, double y, double D) {
-    CCircularExcavation e;
-    e.SetName(name);
-    e.SetCentre({x, y});
-    e.SetDiameter(D);
-    e.SetBaseLevel(80.0);
-    return e;
-}
 
 void SetCurves(CPolygonalExcavation& e, int corner, int vertical, int horizontal) {
     CExcavationCorner c =
@@ -61,64 +30,34 @@ CDisplacementPoint PointAt(double z) {
     return p;
 }
 
-const CString kMultiple =
-    L"Multiple excavations have been specified.  Displacements resulting from each  excavation "
-    L"are summed with no account taken of the interactions between excavations (e.g. "
-    L"overlapping zones of influence or 'shielding' of one excavation by another).";
-
-CString Surface(const wchar_t* example, int others) {
-    return CString::Formatted(
-        L"If an embedded wall excavation is assigned a 'surface' ground movement curve then "
-        L"displacements induced by it can only be calculated for those points that are level "
-        L"with the embedded wall excavation's 'surface level'. Others are ignored.  An example "
-        L"of such a combination, for which displacements will not be calculated is %s. This is "
-        L"an example only. There are %i others.",
-        example, others);
-}
-
-CString SurfaceToLevel(const wchar_t* example, int others) {
-    return CString::Formatted(
-        L"If an embedded wall excavation is assigned a 'surface' ground movement curve and if "
-        L"the 'allow movement calculation to level' option is checked for the excavation then "
-        L"displacements induced by it are calculated for points at the surface, and points "
-        L"below the surface to the level specified. Others are ignored.  An example of such a "
-        L"combination, for which displacements will not be calculated is %s. This is an example "
-        L"only. There are %i others.",
-        example, others);
-}
-
-CString SubSurface(const wchar_t* example, int others) {
-    return CString::Formatted(
-        L"If an embedded wall excavation is assigned a 'sub-surface' ground movement curve then "
-        L"displacements induced by it can only be calculated for those points that are level "
-        L"with or below the embedded wall excavation's 'surface level'. Others are ignored.  An "
-        L"example of such a combination, for which displacements will not be calculated is %s. "
-        L"This is an example only. There are %i others.",
-        example, others);
-}
-
+// The texts a pass gives, in brackets, one a line.
 std::string Show(const Texts& texts) {
-    std::string s;
+    std::vector<std::string> utf8;
     for (const CString& t : texts)
-        s += "[" + t.ToUtf8() + "]\n";
-    return s;
+        utf8.push_back(t.ToUtf8());
+    return Bracketed(utf8);
+}
+
+const TextTable kExpected = ReadTexts("validation/ExcavationChecks.tsv");
+
+std::string Expected(const std::string& key) {
+    const auto it = kExpected.find(key);
+    return it == kExpected.end() ? "" : Bracketed(it->second);
 }
 
 } // namespace
 
-// One faulty document per row, with every text the errors pass gives for it.
+// One faulty document per row; every text the errors pass gives for it is in the table.
 TEST(ExcavationErrors, EachFaultWithItsText) {
     const struct {
         const char* what;
         std::function<void(ZorvoData&)> build;
-        Texts expected;
     } cases[] = {
         {"a sound pit and shaft",
          [](ZorvoData& d) {
              d.SetPolygonalExcavation(1, Pit(L"Pit", 0, 0));
              d.SetCircularExcavation(1, Shaft(L"S", 50, 50, 6));
-         },
-         {}},
+         }},
         // (v, h): (5, 0) fails the vertical test; (0, 7) fails the horizontal one (7
         // pairs with vertical 8); (8, 7) is a pair; vertical 7 has no partner. (5, 7)
         // fails both tests and is reported once.
@@ -137,15 +76,7 @@ TEST(ExcavationErrors, EachFaultWithItsText) {
              s.SetGMCurve(V, 1);
              s.SetGMCurve(H, 2);
              d.SetCircularExcavation(1, s);
-         },
-         {L"CIRIA ground movement curves must be applied in pairs. Side 1 of Polygonal "
-          L"Excavation 1 fails this requirement.",
-          L"CIRIA ground movement curves must be applied in pairs. Side 2 of Polygonal "
-          L"Excavation 1 fails this requirement.",
-          L"CIRIA ground movement curves must be applied in pairs. Side 5 of Polygonal "
-          L"Excavation 1 fails this requirement.",
-          L"CIRIA ground movement curves must be applied in pairs. Circular Excavation 1 fails "
-          L"this requirement."}},
+         }},
         // Horizontal 99 does not exist, and has no points either; user curve 17 of one point
         // is incomplete; the fourth side is not tested here.
         {"missing and incomplete curves of sides",
@@ -158,13 +89,7 @@ TEST(ExcavationErrors, EachFaultWithItsText) {
              SetCurves(e, 2, 16, 0);
              SetCurves(e, 4, 99, 99);
              d.SetPolygonalExcavation(1, e);
-         },
-         {L"A horizontal ground movement curve does not exist for side 1 of polygonal excavation "
-          L"XP1 : Pit.",
-          L"The horizontal ground movement curve defined for side 1 of polygonal excavation XP1 "
-          L": Pit is incomplete. It should have atleast two coordinates.",
-          L"The vertical ground movement curve defined for side 2 of polygonal excavation XP1 : "
-          L"Pit is incomplete. It should have atleast two coordinates."}},
+         }},
         {"a pit of one corner is not tested for curves",
          [](ZorvoData& d) {
              CPolygonalExcavation e;
@@ -175,8 +100,7 @@ TEST(ExcavationErrors, EachFaultWithItsText) {
              c.SetGMCurve(H, 99);
              e.SetExcavationCorner(1, c);
              d.SetPolygonalExcavation(1, e);
-         },
-         {}},
+         }},
         // Horizontal 1 and vertical 1 are a surface-only pair. An allow level equal to the
         // surface level passes; one above it does not.
         {"levels of a pit",
@@ -195,20 +119,13 @@ TEST(ExcavationErrors, EachFaultWithItsText) {
              e.SetName(L"Sub-surface curves");
              SetCurves(e, 4, 0, 0);
              d.SetPolygonalExcavation(4, e);
-         },
-         {L"Polygonal Excavation 1 : Low - The surface level of the excavation must not be lower "
-          L"than the base level.",
-          L"Polygonal Excavation 3 : Above - The surface level should be greater than the level "
-          L"up to which, the surface movement curves are applied."}},
+         }},
         {"a shaft's curves",
          [](ZorvoData& d) {
              CCircularExcavation s = Shaft(L"S", 0, 0, 6);
              s.SetGMCurve(H, 13);
              d.SetCircularExcavation(1, s);
-         },
-         {L"A horizontal ground movement curve does not exist for circular excavation XC1 : S.",
-          L"The horizontal ground movement curve defined for circular excavation XC1 : S is "
-          L"incomplete. It should have atleast two coordinates."}},
+         }},
         // A diameter within 1e-10 of 0 is zero; a negative one within it is both.
         {"diameters, then levels, of shafts",
          [](ZorvoData& d) {
@@ -223,87 +140,61 @@ TEST(ExcavationErrors, EachFaultWithItsText) {
              s.SetAllowGMCalcnToLevel(true);
              s.SetAllowGMCalcnToLevelValue(101.0);
              d.SetCircularExcavation(5, s);
-         },
-         {L"Circular Excavation 1 : A - Diameter cannot be zero. ",
-          L"Circular Excavation 2 : B - Diameter cannot be negative. ",
-          L"Circular Excavation 3 : C - Diameter cannot be zero. ",
-          L"Circular Excavation 3 : C - Diameter cannot be negative. ",
-          L"Circular Excavation 5 : E - The surface level of the excavation must not be lower "
-          L"than the base level. ",
-          L"Circular Excavation 5 : E - The surface level should be greater than the level up to "
-          L"which, the surface movement curves are applied."}},
+         }},
     };
     for (const auto& c : cases) {
         ZorvoData doc;
         c.build(doc);
         Texts m{L"left over"};
         bool cancelled = false;
-        EXPECT_EQ(doc.ExcavationErrors(m, cancelled), !c.expected.empty()) << c.what;
-        EXPECT_EQ(Show(m), Show(c.expected)) << c.what;
-        EXPECT_EQ(doc.ErrorsExist(), !c.expected.empty()) << c.what;
+        const std::string expected = Expected(std::string("errors: ") + c.what);
+        EXPECT_EQ(doc.ExcavationErrors(m, cancelled), !expected.empty()) << c.what;
+        EXPECT_EQ(Show(m), expected) << c.what;
+        EXPECT_EQ(doc.ErrorsExist(), !expected.empty()) << c.what;
     }
 }
 
-// One document per row, with every text the warnings pass gives for it.
+// One document per row; every text the warnings pass gives for it is in the table.
 TEST(ExcavationWarnings, EachFindingWithItsText) {
-    const CString reEntrant =
-        L"The following polygonal excavations have one or more re-entrant corners: 2, 3. The use "
-        L"of re-entrant corners is permitted but not recommended.\n\nCIRIA C580/C760, on which "
-        L"Zorvo's method for modelling ground movements behind walls of excavations is based, "
-        L"considers only movements for points lying at right angles behind single walls.  It "
-        L"does not consider how movements should be calculated within the zone of influence of "
-        L"re-entrant corners, i.e. where movements would be influenced by two walls adjacent to "
-        L"the re-entrant corner.  Zorvo will merely sum the effects from both walls, making no "
-        L"allowance for interaction or stiffening of the corner.\n\nRe-entrant corners should be "
-        L"used with caution.  Results in their vicinity should be validated independently.";
     const struct {
         const char* what;
         std::function<void(ZorvoData&)> build;
-        Texts expected;
     } cases[] = {
-        {"one pit", [](ZorvoData& d) { d.SetPolygonalExcavation(1, Pit(L"P", 0, 0)); }, {}},
+        {"one pit", [](ZorvoData& d) { d.SetPolygonalExcavation(1, Pit(L"P", 0, 0)); }},
         {"two apart",
          [](ZorvoData& d) {
              d.SetPolygonalExcavation(1, Pit(L"P", 0, 0));
              d.SetCircularExcavation(1, Shaft(L"S", 100, 100, 6));
-         },
-         {kMultiple}},
+         }},
         // Centres 10 m apart, radii 5 m each.
         {"touching shafts do not intersect",
          [](ZorvoData& d) {
              d.SetCircularExcavation(1, Shaft(L"A", 0, 0, 10));
              d.SetCircularExcavation(2, Shaft(L"B", 10, 0, 10));
-         },
-         {kMultiple}},
+         }},
         {"overlapping shafts",
          [](ZorvoData& d) {
              d.SetCircularExcavation(1, Shaft(L"A", 0, 0, 10));
              d.SetCircularExcavation(2, Shaft(L"B", 9.999, 0, 10));
-         },
-         {kMultiple, L"Embedded Wall Excavation CE1 : A intersects  CE2 : B.",
-          L"Embedded Wall Excavation CE2 : B intersects  CE1 : A."}},
+         }},
         // Vertex (0, 0) is sqrt(3² + 4²) = 5 m from the centre, one radius; the sides
         // from it pass abreast of the centre nowhere (along = -3 and 14 of 10).
         {"a vertex one radius away",
          [](ZorvoData& d) {
              d.SetPolygonalExcavation(1, Pit(L"P", 0, 0));
              d.SetCircularExcavation(1, Shaft(L"S", -3, -4, 10));
-         },
-         {kMultiple}},
+         }},
         // Side 1 from (0, 0) to (10, 0): along 5, across 5 = the radius.
         {"a side one radius away",
          [](ZorvoData& d) {
              d.SetPolygonalExcavation(1, Pit(L"P", 0, 0));
              d.SetCircularExcavation(1, Shaft(L"S", 5, -5, 10));
-         },
-         {kMultiple, L"Embedded Wall Excavation PE1 : P intersects  CE1 : S.",
-          L"Embedded Wall Excavation CE1 : S intersects  PE1 : P."}},
+         }},
         {"a shaft inside a pit, far from its walls",
          [](ZorvoData& d) {
              d.SetPolygonalExcavation(1, Pit(L"P", 0, 0, 100));
              d.SetCircularExcavation(1, Shaft(L"S", 50, 50, 10));
-         },
-         {kMultiple}},
+         }},
         // A and B overlap, A and C, B and C (in 8..10 both ways); S crosses A's side
         // x = 0 (along 5, across 2 < 3) and comes 3.6 m from C's vertex (0, 8).
         {"lists of what meets what",
@@ -312,19 +203,13 @@ TEST(ExcavationWarnings, EachFindingWithItsText) {
              d.SetPolygonalExcavation(2, Pit(L"B", 8, 0));
              d.SetPolygonalExcavation(3, Pit(L"C", 0, 8));
              d.SetCircularExcavation(1, Shaft(L"S", -2, 5, 6));
-         },
-         {kMultiple,
-          L"Embedded Wall Excavation PE1 : A intersects  PE2 : B, and  PE3 : C, and  CE1 : S.",
-          L"Embedded Wall Excavation PE2 : B intersects  PE1 : A, and  PE3 : C.",
-          L"Embedded Wall Excavation PE3 : C intersects  PE1 : A, and  PE2 : B.",
-          L"Embedded Wall Excavation CE1 : S intersects  PE1 : A."}},
+         }},
         {"re-entrant corners",
          [](ZorvoData& d) {
              d.SetPolygonalExcavation(1, Pit(L"Square", 0, 0));
              d.SetPolygonalExcavation(2, LPit(L"L", 100));
              d.SetPolygonalExcavation(3, LPit(L"L", 200));
-         },
-         {kMultiple, reEntrant}},
+         }},
         // Horizontal curve 1 acts at the surface alone, vertical curve 0 below it too: one
         // walk of each. 0.00005 m below the surface level is at it; 0.0002 m is not.
         {"a point just below a surface curve's level",
@@ -334,8 +219,7 @@ TEST(ExcavationWarnings, EachFindingWithItsText) {
              d.SetCircularExcavation(1, s);
              d.SetDisplacementPoint(1, PointAt(99.99995));
              d.SetDisplacementPoint(2, PointAt(99.9998));
-         },
-         {Surface(L"Excavation XC1/Point 2/Horizontal", 0)}},
+         }},
         {"the same point with the curve taken down to a level below it",
          [](ZorvoData& d) {
              CCircularExcavation s = Shaft(L"S", 0, 0, 6);
@@ -345,8 +229,7 @@ TEST(ExcavationWarnings, EachFindingWithItsText) {
              d.SetCircularExcavation(1, s);
              d.SetDisplacementPoint(1, PointAt(99.9998));
              d.SetDisplacementPoint(2, PointAt(100.0));
-         },
-         {}},
+         }},
         {"the point below the level of a surface curve",
          [](ZorvoData& d) {
              CCircularExcavation s = Shaft(L"S", 0, 0, 6);
@@ -355,16 +238,14 @@ TEST(ExcavationWarnings, EachFindingWithItsText) {
              s.SetAllowGMCalcnToLevelValue(99.9999);
              d.SetCircularExcavation(1, s);
              d.SetDisplacementPoint(1, PointAt(99.9998));
-         },
-         {SurfaceToLevel(L"Excavation XC1/Point 1/Horizontal", 0)}},
+         }},
         // Both curves of the shaft reach below the surface: a point above it fails twice.
         {"a point above a sub-surface curve's level",
          [](ZorvoData& d) {
              d.SetCircularExcavation(1, Shaft(L"S", 0, 0, 6));
              d.SetDisplacementPoint(1, PointAt(100.0));
              d.SetDisplacementPoint(2, PointAt(100.5));
-         },
-         {SubSurface(L"Excavation XC1/Point 2/Horizontal", 1)}},
+         }},
         // Every side of the pit has surface curves: a line with an end at 95 m fails for 4
         // sides and 2 directions; the grid at the surface and a line that is not calculated
         // do not count. Grids are walked before lines.
@@ -386,16 +267,16 @@ TEST(ExcavationWarnings, EachFindingWithItsText) {
              l.SetPoint1({0.0, 30.0, 100.0});
              l.SetPoint2({10.0, 30.0, 95.0});
              d.SetDisplacementLine(2, l);
-         },
-         {Surface(L"Excavation XP1/Side 1/Line 2/Horizontal", 7)}},
+         }},
     };
     for (const auto& c : cases) {
         ZorvoData doc;
         c.build(doc);
         Texts m{L"left over"};
         bool cancelled = false;
-        EXPECT_EQ(doc.ExcavationWarnings(m, cancelled), !c.expected.empty()) << c.what;
-        EXPECT_EQ(Show(m), Show(c.expected)) << c.what;
+        const std::string expected = Expected(std::string("warnings: ") + c.what);
+        EXPECT_EQ(doc.ExcavationWarnings(m, cancelled), !expected.empty()) << c.what;
+        EXPECT_EQ(Show(m), expected) << c.what;
     }
 }
 
