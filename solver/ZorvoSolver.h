@@ -30,7 +30,7 @@ class ZorvoSolver {
     using CancelTest = std::function<bool()>;
 
     // Samples per building profile used by the building assessment.
-    static constexpr int NR_POINTS = 100;
+    static constexpr int NR_POINTS = Data::CBuildingDamageAssessment::NR_POINTS;
 
     ZorvoSolver(Data::ZorvoData* document, Data::CLodraZorvoPrefData* preferences,
                 MessageHandler* handler, CancelTest cancel);
