@@ -40,8 +40,18 @@ const Entry kTable[] = {
     {3590, L"Stage: %s refers to Circular Excavation %i which does not exist."},
     {3671, L"intersects"},
     {3673, L"Tunnel"},
+    {3675, L"None"},
     {3808, L"Positive"},
     {3809, L"Negative"},
+    // Curvature of a building segment, hogging and sagging (none is 3675).
+    {3810, L"Hogging"},
+    {3811, L"Sagging"},
+    // Damage categories of a building segment, 0 to 4.
+    {3820, L"0 (Negligible)"},
+    {3821, L"1 (Very Slight)"},
+    {3822, L"2 (Slight)"},
+    {3823, L"3 (Moderate)"},
+    {3824, L"4 (Severe)"},
     {3886, L"Base Model"},
     {3904, L"The following polygonal excavations have one or more re-entrant corners: %s. "},
     {3905, L"The use of re-entrant corners is permitted but not recommended.\n\nCIRIA C580/C760, "

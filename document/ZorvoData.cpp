@@ -15,7 +15,21 @@ constexpr int kFirstTitleID = 49616;
 
 ZorvoData::ZorvoData() {
     m_stageProperties.SetPrototype(CStageProperty());
+    CDamageCategoryStrains unnamed;
+    unnamed.SetName(CString());
+    m_damageCategoryStrains.SetPrototype(unnamed);
     CreateStandardGMCurves();
+    // The one strains record of a new project, after any that stand: Burland's limits.
+    CDamageCategoryStrains burland;
+    burland.SetName(CDamageCategoryStrains::BURLAND_NAME);
+    m_damageCategoryStrains.Insert(m_damageCategoryStrains.Num() + 1, burland);
+}
+
+int ZorvoData::GetMaxSubBuildingNameLength() const {
+    int longest = 0;
+    for (const CSpecificBuilding& b : m_specificBuildings.Items())
+        longest = std::max(longest, b.GetSubBuildingName().GetLength());
+    return longest;
 }
 
 void ZorvoData::CreateStandardGMCurves() {
@@ -126,6 +140,10 @@ int ZorvoData::NumRecord(int module) const {
         return NumPolygonalExcavations();
     case eModuleCircularExcavations:
         return NumCircularExcavations();
+    case eModuleDamageCategoryStrains:
+        return NumDamageCategoryStrains();
+    case eModuleSpecificBuildings:
+        return NumSpecificBuildings();
     case eModuleImportedDisplacements:
         return NumImportedDisplacementsSets();
     case eModuleStages:
@@ -475,7 +493,9 @@ bool ZorvoData::operator==(const ZorvoData& o) const {
            m_stageProperties == o.m_stageProperties && m_tunnels == o.m_tunnels &&
            m_mines == o.m_mines && m_polygonalExcavations == o.m_polygonalExcavations &&
            m_circularExcavations == o.m_circularExcavations && m_gmCurves[0] == o.m_gmCurves[0] &&
-           m_gmCurves[1] == o.m_gmCurves[1] && m_cornerOptions == o.m_cornerOptions;
+           m_gmCurves[1] == o.m_gmCurves[1] && m_cornerOptions == o.m_cornerOptions &&
+           m_damageCategoryStrains == o.m_damageCategoryStrains &&
+           m_specificBuildings == o.m_specificBuildings;
 }
 
 } // namespace Tevra::Data

@@ -3,6 +3,8 @@
 #include "base/CNumberedList.h"
 #include "base/LodraZorvoData.h"
 #include "base/Vec2.h"
+#include "buildings/CDamageCategoryStrains.h"
+#include "buildings/CSpecificBuilding.h"
 #include "document/CReEntrantCornerOptions.h"
 #include "document/CStage.h"
 #include "document/CStageProperty.h"
@@ -116,6 +118,26 @@ class ZorvoData : public LodraZorvoData {
     bool GMCurveNeedsTriangulation(GeoGlobal::EDirection d, int n) const;
     // Whether a run must triangulate any curve; horizontal curves are asked first.
     bool IsGMCurveTriangulationNeeded() const;
+
+    // Limiting tensile strains of the damage categories. A new project holds one record,
+    // "Burland Strain Limits", to which a new building's properties refer as number 1.
+    ZORVO_NUMBERED_FAMILY(DamageCategoryStrains, DamageCategoryStrains, CDamageCategoryStrains,
+                          m_damageCategoryStrains)
+    const CDamageCategoryStrains& GetDefaultDamageCategoryStrains() const {
+        return m_damageCategoryStrains.Prototype();
+    }
+
+    // Buildings on displacement lines, assessed as deep beams.
+    ZORVO_NUMBERED_FAMILY(SpecificBuilding, SpecificBuildings, CSpecificBuilding,
+                          m_specificBuildings)
+    const CSpecificBuilding& GetDefaultSpecificBuilding() const {
+        return m_specificBuildings.Prototype();
+    }
+    void SetDefaultSpecificBuilding(const CSpecificBuilding& b) {
+        m_specificBuildings.SetPrototype(b);
+    }
+    // Length (characters) of the longest sub-building name; 0 without buildings.
+    int GetMaxSubBuildingNameLength() const;
 
     // Stages and stage properties.
     ZORVO_NUMBERED_FAMILY(StageProperty, StageProperties, CStageProperty, m_stageProperties)
@@ -248,7 +270,9 @@ class ZorvoData : public LodraZorvoData {
     CNumberedList<CPolygonalExcavation> m_polygonalExcavations;
     CNumberedList<CCircularExcavation> m_circularExcavations;
     CExcavationCorner m_defaultCorner;
+    CNumberedList<CDamageCategoryStrains> m_damageCategoryStrains;
     CNumberedList<CGMCurve> m_gmCurves[2];
+    CNumberedList<CSpecificBuilding> m_specificBuildings;
     CReEntrantCornerOptions m_cornerOptions;
 
     // The standard curves of CIRIA C580 and C760, fitted, in place of both lists.

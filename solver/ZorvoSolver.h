@@ -2,6 +2,7 @@
 
 #include "base/CLodraZorvoPrefData.h"
 #include "base/CString.h"
+#include "buildings/CBuildingDamageAssessment.h"
 #include "document/ZorvoData.h"
 #include "solver/MessageHandler.h"
 
@@ -29,7 +30,7 @@ class ZorvoSolver {
     using CancelTest = std::function<bool()>;
 
     // Samples per building profile used by the building assessment.
-    static constexpr int NR_POINTS = 100;
+    static constexpr int NR_POINTS = Data::CBuildingDamageAssessment::NR_POINTS;
 
     ZorvoSolver(Data::ZorvoData* document, Data::CLodraZorvoPrefData* preferences,
                 MessageHandler* handler, CancelTest cancel);
@@ -47,6 +48,32 @@ class ZorvoSolver {
 
     // Whether the last run was stopped by the cancel test.
     bool WasCancelled() const { return m_cancelled.load(std::memory_order_relaxed); }
+
+    // Allowable deflection ratios of a building segment (Burland and Wroth), for the host's
+    // charts of a result; see CBuildingDamageAssessment.
+    static double TensionZoneDeflectionRatio(const double& L, const double& H, const double& EOverG,
+                                             const double& nu, const double& t, const double& y,
+                                             const double& I, const double& limit,
+                                             const double& hStrain,
+                                             GeoGlobal::ECurvature curvature) {
+        return Data::CBuildingDamageAssessment::TensionZoneDeflectionRatio(
+            L, H, EOverG, nu, t, y, I, limit, hStrain, curvature);
+    }
+    static double CompressionZoneDeflectionRatio(const double& L, const double& H,
+                                                 const double& EOverG, const double& nu,
+                                                 const double& t, const double& y, const double& I,
+                                                 const double& limit, const double& hStrain,
+                                                 GeoGlobal::ECurvature curvature) {
+        return Data::CBuildingDamageAssessment::CompressionZoneDeflectionRatio(
+            L, H, EOverG, nu, t, y, I, limit, hStrain, curvature);
+    }
+    static void BendingDiagonalComponents(const Data::CSpecificBuilding& building,
+                                          const Data::CBuildingDamageResult& result,
+                                          const double& hStrain, const double& deflectionRatio,
+                                          double& bending, double& diagonal, bool withHStrain) {
+        Data::CBuildingDamageAssessment::BendingDiagonalComponents(
+            building, result, hStrain, deflectionRatio, bending, diagonal, withHStrain);
+    }
 
   private:
     void SendMsg(const wchar_t* text, long long code) const;
@@ -96,6 +123,19 @@ class ZorvoSolver {
     // above the threshold; a point inside an excavation of the stage stays untouched.
     void CalcPointResult(Data::GeoDispResult& result, const Data::ZorvoData& doc, int stage,
                          Data::ESurfaceType surface, bool) const;
+    // The damage assessment of one cut settlement curve (see CBuildingDamageAssessment).
+    static void BuildingDamageResults(
+        bool heightIsH, const Data::CDamageCategoryStrains& strains,
+        const Data::CBuildingDamageProperties& properties, const double& height,
+        const Data::CTableT<double>& hTable, const Data::CTableT<double>& vTable,
+        const Data::CSplineT<double>& hCurve, const Data::CSplineT<double>& chainageMap,
+        const Data::CSplineT<double>& vCurve, const Data::CTableT<double>& curvatureTable,
+        const std::vector<double>& boundaries, std::vector<Data::CBuildingDamageResult>& results) {
+        Data::CBuildingDamageAssessment::BuildingDamageResults(
+            heightIsH, strains, properties, height, hTable, vTable, hCurve, chainageMap, vCurve,
+            curvatureTable, boundaries, results);
+    }
+
     // Location k of a line; a sloping line gets displacements and no strains.
     void CalculateLinePointResult(Data::GeoDispResult& result, const Data::CDisplacementLine& line,
                                   int k, int stage) const;
