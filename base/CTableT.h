@@ -59,10 +59,16 @@ template <class T> class CTableT : public NamedEntity {
     const T& GetY(int i) const { return Row(i).second; }
 
     // Smallest and largest x, by scanning all rows. An empty table gives the largest double
-    // as its minimum and the smallest normal double as its maximum.
+    // as its minimum and the smallest normal double as its maximum. A table with rows is
+    // scanned from its first row: seeded with the smallest positive double, the maximum of
+    // a table whose x are all at or below 0 would come out positive.
     void GetXRange(T& xMin, T& xMax) const {
         xMin = static_cast<T>(1.7976931348623157e308);
         xMax = static_cast<T>(2.2250738585072014e-308);
+        if (!m_rows.empty()) {
+            xMin = m_rows.front().first;
+            xMax = m_rows.front().first;
+        }
         for (const auto& r : m_rows) {
             if (r.first < xMin)
                 xMin = r.first;
