@@ -44,9 +44,10 @@ void CBuildingProfile::Slice(const CTableT<double>& working, double a, double b,
     table.SetPoint(i, b - a, working.GetValue(last));
 }
 
-CBuildingProfile::EStatus CBuildingProfile::VerticalProfile(
-    const Vec3<double>& S, const Vec3<double>& E, int J, const std::vector<GeoDispResult>& samples,
-    double lineStart, double lineEnd, CTableT<double>& table) {
+CBuildingProfile::EStatus
+CBuildingProfile::VerticalProfile(const Vec3<double>& S, const Vec3<double>& E, int J,
+                                  const std::vector<GeoDispResult>& samples, double lineStart,
+                                  double lineEnd, CTableT<double>& table) {
     CTableT<double> working;
     const int n = static_cast<int>(samples.size());
     for (int k = 0; k < n; ++k)
@@ -60,10 +61,10 @@ CBuildingProfile::EStatus CBuildingProfile::VerticalProfile(
     return eProfileOk;
 }
 
-CBuildingProfile::EStatus CBuildingProfile::HorizontalProfile(
-    const Vec3<double>& S, const Vec3<double>& E, int J, double planLength,
-    const std::vector<GeoDispResult>& samples, double lineStart, double lineEnd,
-    CTableT<double>& table) {
+CBuildingProfile::EStatus
+CBuildingProfile::HorizontalProfile(const Vec3<double>& S, const Vec3<double>& E, int J,
+                                    double planLength, const std::vector<GeoDispResult>& samples,
+                                    double lineStart, double lineEnd, CTableT<double>& table) {
     const double cx = (E.x - S.x) / planLength;
     const double cy = (E.y - S.y) / planLength;
     CTableT<double> working;

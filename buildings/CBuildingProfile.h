@@ -25,7 +25,8 @@ class CBuildingProfile {
         // The horizontal samples are empty for this stage: the profile cannot be built.
         eProfileEmptyHorizontal = 1,
         // A chainage of the building lies outside the sampled part of the line (the line
-        // start or end lies off the line, or no samples are stored for this stage).
+        // start lies off the line, or no samples are stored for this stage). An end beyond
+        // the line is read at the last sample.
         eProfileOutOfRange = 2,
     };
 
@@ -63,8 +64,8 @@ class CBuildingProfile {
 
     // The point at distance d (metres) from S along the line of length lineLength (metres,
     // not in plan): S + (E - S) (d / lineLength), component by component.
-    static Vec3<double> PointOnLine(const Vec3<double>& S, const Vec3<double>& E,
-                                    double lineLength, double d);
+    static Vec3<double> PointOnLine(const Vec3<double>& S, const Vec3<double>& E, double lineLength,
+                                    double d);
 
     // Distance from the line's start used for the drawn start of a 1-based segment: the
     // sum of End - Start of results 1 to segment - 1, 0 for a segment of 1 or less. Neither

@@ -50,8 +50,8 @@ class CBuildingSegmentation {
     // The trough's limits in a table: start the x of the first row, end the x of the last
     // row, with |y| >= |sensitivity| (metres). found is set false first; when no row
     // qualifies, start and end are left as they came.
-    static void SegmentsStartAndEnd(const CTableT<double>& table, double sensitivity,
-                                    double& start, double& end, bool& found);
+    static void SegmentsStartAndEnd(const CTableT<double>& table, double sensitivity, double& start,
+                                    double& end, bool& found);
 
     // True when a lookup of table at x would find its first bracketing pair narrower than
     // the table's smallest step (the range error of code 3).

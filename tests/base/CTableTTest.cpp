@@ -48,6 +48,12 @@ TEST(CTableT, XRangeByScanAndOfAnEmptyTable) {
     Table({{3.0, 0.0}, {-2.0, 0.0}, {7.0, 0.0}, {1.0, 0.0}}).GetXRange(lo, hi);
     EXPECT_EQ(lo, -2.0);
     EXPECT_EQ(hi, 7.0);
+    // Regression: with all x at or below 0 the maximum is the largest row's, not the
+    // smallest positive double the empty table gives.
+    Table({{-3.0, 0.0}, {-1.0, 0.0}}).GetXRange(lo, hi);
+    EXPECT_EQ(lo, -3.0);
+    EXPECT_EQ(hi, -1.0);
+    EXPECT_EQ(Table({{-3.0, 0.0}, {-1.0, 2.0}}).GetValue(0.0, true), 0.0);
 }
 
 TEST(CTableT, ValueByFirstBracketingPair) {
