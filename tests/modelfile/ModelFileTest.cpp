@@ -343,8 +343,6 @@ TEST(ModelFile, HelpersStandInTheFileOrderWithTheirKeys) {
         {202140, L"Circular Excavations"},
         {202080, L"Damage Category Strains"},
         {202070, L"Specific Buildings"},
-        {202080, L"Damage Category Strains"},
-        {202070, L"Specific Buildings"},
         {202110, L"Graphic Settings"},
         {202290, L"ReEntrantCornerOptions"},
         {202220, L"Polylines"},
