@@ -277,8 +277,8 @@ void CBuildingDamageProperties::Read(CDataFile& f, int) {
     if (json) {
         const int count = f.EnterArray(jnCurvatures, false);
         if (count >= 0 && count != 2)
-            f.Fail("'curvatures' holds " + std::to_string(count) +
-                   " members; a building's section has one for hogging and one for sagging");
+            f.Fail("'curvatures' should hold two members, for hogging and for sagging, not " +
+                   std::to_string(count));
         for (int c = 0; c < count; ++c) {
             f.EnterElement(c);
             ReadCurvature(f, c);
