@@ -111,6 +111,8 @@ int InfoCommand(HostSession& session, const std::string& file) {
     for (const auto& r : rows)
         out << "  " << r.label << ": " << r.count << '\n';
     PrintImportedSets(doc, out);
+    out << "  specific buildings: " << doc.NumSpecificBuildings() << '\n'
+        << "  damage category strains records: " << doc.NumDamageCategoryStrains() << '\n';
     out << "  calculation stages: " << doc.NumStages(true, false)
         << (doc.IsSmoothingOn() ? " (with re-entrant corner smoothing)" : "") << '\n';
     PrintExcavations(doc, out);
