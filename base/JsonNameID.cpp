@@ -338,8 +338,6 @@ const char* JsonName(int id) {
         return "minorPrincipalStrain";
     case jnPrincipalStrainAngle:
         return "principalStrainAngle";
-    case jnCount:
-        return "count";
     }
     return nullptr;
 }

@@ -179,7 +179,6 @@ enum EJsonNameID : int {
     jnMajorPrincipalStrain,
     jnMinorPrincipalStrain,
     jnPrincipalStrainAngle,
-    jnCount,
 };
 
 // The member name of a storage name; null for a number that has none.

@@ -94,8 +94,8 @@ void ReadSample(CDataFile& f, GeoDispResult& r) {
     f.ReadInt(jnVersion, version, required);
     CheckGeneration(f, "a movement sample", version, GeoDispResult::GetVersion());
     Vec3<double> p = r.GetPoint();
-    double v[6] = {r.GetXdisplacement(),       r.GetYdisplacement(),
-                   r.GetZdisplacement(),       r.GetMajorPrincipalStrain(),
+    double v[6] = {r.GetXdisplacement(),        r.GetYdisplacement(),
+                   r.GetZdisplacement(),        r.GetMajorPrincipalStrain(),
                    r.GetMinorPrincipalStrain(), r.GetPrincipalStrainAngle()};
     int type = r.GetPointType(), group = r.GetPointGroup(), match = r.GetImportMatch();
     f.ReadDouble(jnX, p.x, required);
@@ -400,9 +400,9 @@ void CSpecificBuilding::Write(CDataFile& f) const {
     f.WriteDouble(jnLineEnd, m_lineEnd);
     f.WriteDouble(jnHeight, m_height);
 
-    const size_t stages = std::max(
-        {m_buildingDamageResults.size(), m_combinedBuildingDamageResults.size(),
-         m_horizontalMovementResults.size(), m_verticalMovementResults.size()});
+    const size_t stages =
+        std::max({m_buildingDamageResults.size(), m_combinedBuildingDamageResults.size(),
+                  m_horizontalMovementResults.size(), m_verticalMovementResults.size()});
     BeginList(f, jnStageResults, stages);
     for (size_t s = 0; s < stages; ++s) {
         f.BeginObject(jnStage);

@@ -59,9 +59,9 @@ void PrintExcavations(const ZorvoData& doc, std::ostream& out) {
     }
     for (int n = 1; n <= doc.NumCircularExcavations(); ++n) {
         const CCircularExcavation& e = doc.GetCircularExcavation(n);
-        out << "  circular excavation " << n << " \"" << e.GetName().ToUtf8()
-            << "\": diameter " << e.GetDiameter() << " m, surface level " << e.GetSurfaceLevel()
-            << " m, base level " << e.GetBaseLevel() << " m\n";
+        out << "  circular excavation " << n << " \"" << e.GetName().ToUtf8() << "\": diameter "
+            << e.GetDiameter() << " m, surface level " << e.GetSurfaceLevel() << " m, base level "
+            << e.GetBaseLevel() << " m\n";
     }
 }
 

@@ -333,17 +333,16 @@ ZorvoDataHelpers::ZorvoDataHelpers(ZorvoData& doc) {
     // ZorvoDataDamageCatagoryStrains and ZorvoDataSpecificBuildings: buildings name their
     // strains record by number, so the strains come first.
     m_helpers.push_back(std::make_unique<ZorvoDataDamageCategoryStrains>(
-        doc, ZorvoDataFamily::SModule{
-                 202080, L"Damage Category Strains", CDamageCategoryStrains::GetVersion(),
-                 [](const ZorvoData& d) { return d.NumDamageCategoryStrains(); },
-                 [](const ZorvoData& d, CDataFile& f, int n) {
-                     d.GetDamageCategoryStrains(n).Write(f);
-                 },
-                 [](ZorvoData& d, CDataFile& f, int g) {
-                     CDamageCategoryStrains r;
-                     r.Read(f, g);
-                     d.SetDamageCategoryStrains(d.NumDamageCategoryStrains() + 1, r);
-                 }}));
+        doc,
+        ZorvoDataFamily::SModule{
+            202080, L"Damage Category Strains", CDamageCategoryStrains::GetVersion(),
+            [](const ZorvoData& d) { return d.NumDamageCategoryStrains(); },
+            [](const ZorvoData& d, CDataFile& f, int n) { d.GetDamageCategoryStrains(n).Write(f); },
+            [](ZorvoData& d, CDataFile& f, int g) {
+                CDamageCategoryStrains r;
+                r.Read(f, g);
+                d.SetDamageCategoryStrains(d.NumDamageCategoryStrains() + 1, r);
+            }}));
     add({202070, L"Specific Buildings", CSpecificBuilding::GetVersion(),
          [](const ZorvoData& d) { return d.NumSpecificBuildings(); },
          [](const ZorvoData& d, CDataFile& f, int n) { d.GetSpecificBuilding(n).Write(f); },

@@ -77,7 +77,8 @@ TEST(BuildingRecords, StrainsRecordsKeepTheirNumbersThroughSaveAndLoad) {
                 EXPECT_TRUE(back.GetDamageCategoryStrains(n) == start.GetDamageCategoryStrains(n));
         }
         const ZorvoData back = RoundTrip(doc, form);
-        const int n = back.GetSpecificBuilding(1).GetBuildingDamageProperties().GetDamageCategoryStrains();
+        const int n =
+            back.GetSpecificBuilding(1).GetBuildingDamageProperties().GetDamageCategoryStrains();
         EXPECT_EQ(back.GetDamageCategoryStrains(n).GetName(), CString(L"Timber"));
     }
     // A file without the module keeps the new document's own record.
@@ -164,7 +165,8 @@ TEST(BuildingRecords, HostileRecordsGetAClearReadError) {
          "b.json: modules[0].records[0].specificBuilding.buildingDamageProperties.curvatures "
          "(module 'Specific Buildings'): 'curvatures' should hold two members, for hogging and "
          "for sagging, not 1"},
-        {R"({"stageResults": 3})", where + "'stageResults' should be an array of objects, not an integer"},
+        {R"({"stageResults": 3})",
+         where + "'stageResults' should be an array of objects, not an integer"},
         {R"({"stageResults": [{"offsets": [{"segments": [{"damageCategory": 5}]}]}]})",
          "b.json: modules[0].records[0].specificBuilding.stageResults[0].offsets[0].segments[0] "
          "(module 'Specific Buildings'): a segment result has damage category 5, which is not "
@@ -174,7 +176,8 @@ TEST(BuildingRecords, HostileRecordsGetAClearReadError) {
          "(module 'Specific Buildings'): a movement sample has point type 9, which is not one "
          "of 0 to 4"},
         {R"({"stageResults": [{"verticalMovementOffsets": [[]]}]})",
-         "b.json: modules[0].records[0].specificBuilding.stageResults[0].verticalMovementOffsets[0] "
+         "b.json: "
+         "modules[0].records[0].specificBuilding.stageResults[0].verticalMovementOffsets[0] "
          "(module 'Specific Buildings'): an element should be an object, not an array"},
     };
     for (const auto& c : cases)
@@ -185,7 +188,8 @@ TEST(BuildingRecords, HostileRecordsGetAClearReadError) {
         R"({"modules": [{"description": "Damage Category Strains", "records": [)"
         R"({"damageCategoryStrains": {"name": "Short", "strainLimits": [0.0, 0.001]}}]}]})";
     EXPECT_EQ(ReadError(strains, "s.json"),
-              "Error reading data - s.json: modules[0].records[0].damageCategoryStrains (module 'Damage Category "
+              "Error reading data - s.json: modules[0].records[0].damageCategoryStrains (module "
+              "'Damage Category "
               "Strains'): the strain limits hold 2 numbers; a damage category strains record "
               "holds one for each of the 5 categories");
 
@@ -201,9 +205,10 @@ TEST(BuildingRecords, HostileRecordsGetAClearReadError) {
     std::string old = bytes;
     ASSERT_EQ(old[version], 7);
     old[version] = 4;
-    EXPECT_NE(ReadError(old, "b.zorvo").find("a specific building of generation 4, from before "
-                                             "buildings held their damage properties, which "
-                                             "this version cannot read"),
+    EXPECT_NE(ReadError(old, "b.zorvo")
+                  .find("a specific building of generation 4, from before "
+                        "buildings held their damage properties, which "
+                        "this version cannot read"),
               std::string::npos)
         << ReadError(old, "b.zorvo");
     // The stage count follows the height, 10.0, the last 10.0 of the record.
@@ -212,8 +217,9 @@ TEST(BuildingRecords, HostileRecordsGetAClearReadError) {
     ASSERT_EQ(bytes[at], 1); // the tag of an integer
     std::string huge = bytes;
     huge[at + 4] = '\x7f';
-    EXPECT_NE(ReadError(huge, "b.zorvo").find("field 'stageResults' counts 2130706433 elements, "
-                                              "more than the"),
+    EXPECT_NE(ReadError(huge, "b.zorvo")
+                  .find("field 'stageResults' counts 2130706433 elements, "
+                        "more than the"),
               std::string::npos)
         << ReadError(huge, "b.zorvo");
 }
