@@ -223,3 +223,28 @@ TEST(BuildingRecords, HostileRecordsGetAClearReadError) {
               std::string::npos)
         << ReadError(huge, "b.zorvo");
 }
+
+TEST(BuildingRecords, StoresOfDifferentLengthsComeBackAtTheLongest) {
+    // Segments for two stages, movements for one: every store is written to the second
+    // stage, the shorter ones with empty lists there, and comes back at two stages with
+    // its own first stage unchanged.
+    CBuildingDamageResult r;
+    r.SetEnd(7.5);
+    r.SetCurvature(GeoGlobal::eNoCurvature);
+    GeoDispResult sample;
+    sample.SetZdisplacement(0.0125);
+    CSpecificBuilding b;
+    b.SetBuildingDamageResults({{{r, r}}, {{r}, {}}});
+    b.SetHorizontalMovementResults({{sample}});
+    ZorvoData doc;
+    doc.SetSpecificBuilding(1, b);
+    for (auto form : {CDataFile::eJson, CDataFile::eBinary}) {
+        const ZorvoData read = RoundTrip(doc, form);
+        const CSpecificBuilding& back = read.GetSpecificBuilding(1);
+        EXPECT_EQ(back.GetBuildingDamageResults(), b.GetBuildingDamageResults());
+        EXPECT_EQ(back.GetHorizontalMovementResults(),
+                  CSpecificBuilding::HorizontalMovementStore({{sample}, {}}));
+        EXPECT_EQ(back.GetCombinedBuildingDamageResults(), CSpecificBuilding::SegmentStore(2));
+        EXPECT_EQ(back.GetVerticalMovementResults(), CSpecificBuilding::VerticalMovementStore(2));
+    }
+}
