@@ -31,7 +31,7 @@ class CBuildingDamageProperties : public NamedEntity {
     }
     virtual void Read(FileIO::CDataFile& file, int generation);
     // Reads I, strain from NA and NA from tension edge of one curvature (0 or 1).
-    virtual void ReadCurvature(const FileIO::CDataFile& file, int curvature);
+    virtual void ReadCurvature(FileIO::CDataFile& file, int curvature);
     virtual void Write(FileIO::CDataFile& file) const;
 
     static int GetVersion() { return m_iVer; }

@@ -40,6 +40,9 @@ class CDamageCategoryStrains {
     virtual void Read(FileIO::CDataFile& file, int generation);
     virtual void Write(FileIO::CDataFile& file) const;
 
+    // Generation of the record in the model file.
+    static int GetVersion() { return 2; }
+
     const CString& GetName() const { return m_name; }
     void SetName(const CString& name) { m_name = name; }
 

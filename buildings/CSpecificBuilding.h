@@ -7,6 +7,7 @@
 #include "buildings/CBuildingDamageResult.h"
 
 #include <memory>
+#include <utility>
 #include <vector>
 
 namespace Tevra::FileIO {
@@ -21,6 +22,12 @@ namespace Tevra::Data {
 // calculation stage and offset.
 class CSpecificBuilding : public NamedEntity {
   public:
+    // Segment results by [stage][offset], in segment order.
+    using SegmentStore = std::vector<std::vector<std::vector<CBuildingDamageResult>>>;
+    // Samples of the line by [stage][offset][point] and by [stage][point].
+    using VerticalMovementStore = std::vector<std::vector<std::vector<GeoDispResult>>>;
+    using HorizontalMovementStore = std::vector<std::vector<GeoDispResult>>;
+
     CSpecificBuilding();
     virtual ~CSpecificBuilding() = default;
     CSpecificBuilding(const CSpecificBuilding&) = default;
@@ -33,6 +40,9 @@ class CSpecificBuilding : public NamedEntity {
     virtual void Write(FileIO::CDataFile& file) const;
     // Reads a building of a file that kept no damage properties with it.
     virtual void ReadBuildingWithoutCBDProperties(FileIO::CDataFile& file, int generation);
+
+    // Generation of the record in the model file.
+    static int GetVersion() { return m_iVer; }
 
     // Back to the defaults of a new building, without results.
     void Empty();
@@ -59,12 +69,33 @@ class CSpecificBuilding : public NamedEntity {
     bool GetLabel() const { return m_label; }
     void SetLabel(bool b) { m_label = b; }
 
+    // The result stores, whole.
+    const SegmentStore& GetBuildingDamageResults() const { return m_buildingDamageResults; }
+    void SetBuildingDamageResults(SegmentStore s) { m_buildingDamageResults = std::move(s); }
+    const SegmentStore& GetCombinedBuildingDamageResults() const {
+        return m_combinedBuildingDamageResults;
+    }
+    void SetCombinedBuildingDamageResults(SegmentStore s) {
+        m_combinedBuildingDamageResults = std::move(s);
+    }
+    const VerticalMovementStore& GetVerticalMovementResults() const {
+        return m_verticalMovementResults;
+    }
+    void SetVerticalMovementResults(VerticalMovementStore s) {
+        m_verticalMovementResults = std::move(s);
+    }
+    const HorizontalMovementStore& GetHorizontalMovementResults() const {
+        return m_horizontalMovementResults;
+    }
+    void SetHorizontalMovementResults(HorizontalMovementStore s) {
+        m_horizontalMovementResults = std::move(s);
+    }
+
     bool operator==(const CSpecificBuilding& o) const;
     bool operator!=(const CSpecificBuilding& o) const { return !(*this == o); }
 
   private:
-    // Segment results by [stage][offset], in segment order.
-    using SegmentStore = std::vector<std::vector<std::vector<CBuildingDamageResult>>>;
+    static constexpr int m_iVer = 7;
 
     CString m_subBuildingName;
     int m_line = 1;
@@ -76,8 +107,8 @@ class CSpecificBuilding : public NamedEntity {
     SegmentStore m_combinedBuildingDamageResults;
     // Samples of the line by [stage][offset][point] (vertical, one list per offset) and
     // [stage][point] (horizontal, from the line at its own level).
-    std::vector<std::vector<std::vector<GeoDispResult>>> m_verticalMovementResults;
-    std::vector<std::vector<GeoDispResult>> m_horizontalMovementResults;
+    VerticalMovementStore m_verticalMovementResults;
+    HorizontalMovementStore m_horizontalMovementResults;
     CBuildingDamageProperties m_properties;
     bool m_show = true;
     bool m_label = false;

@@ -59,9 +59,9 @@ void PrintExcavations(const ZorvoData& doc, std::ostream& out) {
     }
     for (int n = 1; n <= doc.NumCircularExcavations(); ++n) {
         const CCircularExcavation& e = doc.GetCircularExcavation(n);
-        out << "  circular excavation " << n << " \"" << e.GetName().ToUtf8()
-            << "\": diameter " << e.GetDiameter() << " m, surface level " << e.GetSurfaceLevel()
-            << " m, base level " << e.GetBaseLevel() << " m\n";
+        out << "  circular excavation " << n << " \"" << e.GetName().ToUtf8() << "\": diameter "
+            << e.GetDiameter() << " m, surface level " << e.GetSurfaceLevel() << " m, base level "
+            << e.GetBaseLevel() << " m\n";
     }
 }
 
@@ -111,6 +111,8 @@ int InfoCommand(HostSession& session, const std::string& file) {
     for (const auto& r : rows)
         out << "  " << r.label << ": " << r.count << '\n';
     PrintImportedSets(doc, out);
+    out << "  specific buildings: " << doc.NumSpecificBuildings() << '\n'
+        << "  damage category strains records: " << doc.NumDamageCategoryStrains() << '\n';
     out << "  calculation stages: " << doc.NumStages(true, false)
         << (doc.IsSmoothingOn() ? " (with re-entrant corner smoothing)" : "") << '\n';
     PrintExcavations(doc, out);

@@ -178,6 +178,23 @@ class ZorvoDataLegacyImportedDisplacement : public ZorvoDataFamily {
     bool RefusesLaterGeneration() const override { return true; }
 };
 
+// ZorvoDataDamageCatagoryStrains: the module holds the project's whole list of strains
+// records. A new document already holds "Burland Strain Limits" as record 1, and the
+// file's records are read after it: appended, they would follow it, the list would grow
+// by one at every save and load, and every building's strains number would point one
+// record short of its own. So the file's list replaces the document's before its first
+// record is read. A file without the module, or with an empty one, keeps the document's
+// own record.
+class ZorvoDataDamageCategoryStrains : public ZorvoDataFamily {
+  public:
+    using ZorvoDataFamily::ZorvoDataFamily;
+    int ReadData(CDataFile& file, int count, int generation) override {
+        if (file.NumRecordsInModule() > 0)
+            m_doc.DeleteDamageCategoryStrains(1, m_doc.NumDamageCategoryStrains());
+        return ZorvoDataFamily::ReadData(file, count, generation);
+    }
+};
+
 // An imported set read in a generation, appended to the project's sets.
 void ReadImportedSet(ZorvoData& d, CDataFile& f, int generation) {
     CImportedDisplacementsSet r;
@@ -312,6 +329,27 @@ ZorvoDataHelpers::ZorvoDataHelpers(ZorvoData& doc) {
              CCircularExcavation r;
              r.Read(f, g);
              d.SetCircularExcavation(d.NumCircularExcavations() + 1, r);
+         }});
+    // ZorvoDataDamageCatagoryStrains and ZorvoDataSpecificBuildings: buildings name their
+    // strains record by number, so the strains come first.
+    m_helpers.push_back(std::make_unique<ZorvoDataDamageCategoryStrains>(
+        doc,
+        ZorvoDataFamily::SModule{
+            202080, L"Damage Category Strains", CDamageCategoryStrains::GetVersion(),
+            [](const ZorvoData& d) { return d.NumDamageCategoryStrains(); },
+            [](const ZorvoData& d, CDataFile& f, int n) { d.GetDamageCategoryStrains(n).Write(f); },
+            [](ZorvoData& d, CDataFile& f, int g) {
+                CDamageCategoryStrains r;
+                r.Read(f, g);
+                d.SetDamageCategoryStrains(d.NumDamageCategoryStrains() + 1, r);
+            }}));
+    add({202070, L"Specific Buildings", CSpecificBuilding::GetVersion(),
+         [](const ZorvoData& d) { return d.NumSpecificBuildings(); },
+         [](const ZorvoData& d, CDataFile& f, int n) { d.GetSpecificBuilding(n).Write(f); },
+         [](ZorvoData& d, CDataFile& f, int g) {
+             CSpecificBuilding r;
+             r.Read(f, g);
+             d.SetSpecificBuilding(d.NumSpecificBuildings() + 1, r);
          }});
     // ZorvoDataGraphicsSettings: whether smoothed results are shown.
     add({202110, L"Graphic Settings", 1, [](const ZorvoData&) { return 1; },

@@ -25,7 +25,8 @@ namespace {
 // A project with every field away from its default: two tunnels, a mine, every kind of
 // displacement record, stages and a stage property, two basements (one L-shaped with
 // stiffened corners, transition zones and a negative contribution) and a shaft, a user
-// curve, imported sets with match bits, titles and history; as the writer lays it out.
+// curve, imported sets with match bits, two strains records, a building with results by
+// stage and offset, titles and history; as the writer lays it out.
 const std::string kFullProject =
     std::string(ZORVO_SOURCE_DIR) + "/tests/modelfile/full-project.json";
 
@@ -340,6 +341,8 @@ TEST(ModelFile, HelpersStandInTheFileOrderWithTheirKeys) {
         {202050, L"Horizontal Ground Movement Curves"},
         {202130, L"Polygonal Excavations"},
         {202140, L"Circular Excavations"},
+        {202080, L"Damage Category Strains"},
+        {202070, L"Specific Buildings"},
         {202110, L"Graphic Settings"},
         {202290, L"ReEntrantCornerOptions"},
         {202220, L"Polylines"},

@@ -167,3 +167,29 @@ cut = b_polygon(SQUARE, 4)
 cut = cut[:len(b_int(9) + b_text("Pit") + b_double(100.0)) + 3]
 write_binary("excavation-truncated.zorvo", b_file(b_module(
     202130, "Polygonal Excavations", 7, [cut])))
+
+
+# ---- Buildings ------------------------------------------------------------------------
+
+
+def b_building(generation=7, stages=0):
+    """A specific building record on line 1 with default properties and a stage count."""
+    r = b_int(generation) + b_text("Terrace") + b_text("East") + b_int(1)
+    r += b_int(1) + b_int(1) + b_double(0.2) + b_double(2.6) + b_bool(True)
+    r += b"".join(b_double(v) for v in (1000.0 / 3, 10.0, 10.0, 1000.0 / 12, 5.0, 5.0))
+    r += b_double(0.0001) + b_int(1) + b_double(0.0)
+    r += b_double(0.0) + b_double(20.0) + b_double(10.0) + b_int(stages)
+    return r + b_int(1) + b_int(0)
+
+
+write_binary("building-stages-2e31.zorvo", b_file(b_module(
+    202070, "Specific Buildings", 7, [b_building(stages=2147483647)])))
+write_binary("building-generation-4.zorvo", b_file(b_module(
+    202070, "Specific Buildings", 4, [b_building(generation=4)])))
+write("building-category-7.json", project(LINE, {
+    "description": "Specific Buildings", "records": [{"specificBuilding": {
+        "name": "Terrace", "stageResults": [{"offsets": [{"segments": [
+            {"damageCategory": 7}]}]}]}}]}))
+write("strains-limits-short.json", project({
+    "description": "Damage Category Strains", "records": [{"damageCategoryStrains": {
+        "name": "Short", "strainLimits": [0.0, 0.0005]}}]}))
