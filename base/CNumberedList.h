@@ -1,6 +1,7 @@
 #pragma once
 
 #include <algorithm>
+#include <utility>
 #include <vector>
 
 namespace Tevra {
@@ -23,8 +24,13 @@ template <class T> class CNumberedList {
     void Set(int n, const T& record) {
         if (n < 1)
             return;
-        if (n > Num())
+        if (n > Num()) {
+            // The record may be an element of this list, which the growth moves.
+            T copy(record);
             m_items.resize(static_cast<size_t>(n), m_prototype);
+            m_items[static_cast<size_t>(n - 1)] = std::move(copy);
+            return;
+        }
         m_items[static_cast<size_t>(n - 1)] = record;
     }
 

@@ -5,9 +5,10 @@ namespace Tevra::Data {
 void CPolyline::SetPoint(int i, const Vec3<double>& p) {
     if (i < 0)
         return;
+    const Vec3<double> value = p; // p may be a vertex of the line, moved by the growth
     if (static_cast<size_t>(i) >= m_points.size())
         m_points.resize(static_cast<size_t>(i) + 1);
-    m_points[static_cast<size_t>(i)] = p;
+    m_points[static_cast<size_t>(i)] = value;
 }
 
 void CPolyline::SetNumPoint(int n) { m_points.resize(n > 0 ? static_cast<size_t>(n) : 0); }

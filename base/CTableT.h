@@ -35,10 +35,11 @@ template <class T> class CTableT : public NamedEntity {
     bool SetPoint(int i, const T& x, const T& y) {
         if (i < 0)
             return false;
+        const std::pair<T, T> row(x, y); // x or y may be in a row that the growth moves
         const auto n = static_cast<std::size_t>(i);
         if (n >= m_rows.size())
             m_rows.resize(n + 1, std::pair<T, T>(T{}, T{}));
-        m_rows[n] = {x, y};
+        m_rows[n] = row;
         return true;
     }
     // Appends a row.

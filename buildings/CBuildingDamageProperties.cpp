@@ -68,10 +68,11 @@ double CBuildingDamageProperties::GetNAFromTensionEdge(GeoGlobal::ECurvature c, 
 void CBuildingDamageProperties::SetVerticalOffset(int index, double& value) {
     if (index < 0)
         return;
+    const double v = value; // value may be an offset of the list, moved by the growth
     const auto i = static_cast<size_t>(index);
     if (i >= m_verticalOffsets.size())
         m_verticalOffsets.resize(i + 1, 0.0);
-    m_verticalOffsets[i] = value;
+    m_verticalOffsets[i] = v;
 }
 
 void CBuildingDamageProperties::GetVerticalOffsets(std::vector<double>& offsets,

@@ -70,9 +70,10 @@ bool CPolygonalExcavation::IsPointInExcavation(const Vec3<double>& point) const 
 void CPolygonalExcavation::SetCoord(int n, const Vec2<double>& p) {
     if (n < 1)
         return;
+    const Vec2<double> value = p; // p may be a vertex of the ring, moved by the growth
     if (n > NumCoords())
         m_polygon.SetNumPoint(n);
-    m_polygon.SetPoint(n - 1, p);
+    m_polygon.SetPoint(n - 1, value);
 }
 
 void CPolygonalExcavation::DeleteCoord(int first, int last) {
@@ -85,9 +86,10 @@ void CPolygonalExcavation::DeleteCoord(int first, int last) {
 void CPolygonalExcavation::SetBaseLevel(int n, const double& level) {
     if (n < 1)
         return;
+    const double value = level; // level may be an element of the list, moved by the growth
     if (n > NumBaseLevels())
         m_baseLevels.resize(static_cast<size_t>(n), 0.0);
-    m_baseLevels[static_cast<size_t>(n - 1)] = level;
+    m_baseLevels[static_cast<size_t>(n - 1)] = value;
 }
 
 void CPolygonalExcavation::InsertBaseLevel(int before, int count) {
@@ -105,9 +107,10 @@ void CPolygonalExcavation::DeleteBaseLevel(int first, int last) {
 void CPolygonalExcavation::SetExcavationCorner(int n, const CExcavationCorner& corner) {
     if (n < 1)
         return;
+    const CExcavationCorner copy = corner; // may be an element of the list
     if (n > NumExcavationCorners())
         m_corners.resize(static_cast<size_t>(n));
-    m_corners[static_cast<size_t>(n - 1)] = corner;
+    m_corners[static_cast<size_t>(n - 1)] = copy;
 }
 
 void CPolygonalExcavation::InsertExcavationCorner(int before, int count) {

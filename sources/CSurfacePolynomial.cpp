@@ -57,10 +57,11 @@ int XPowers(int xOrder) { return xOrder < std::numeric_limits<int>::max() ? xOrd
 void CSurfacePolynomial::SetDataCoord(int n, const Vec3<double>& p) {
     if (n < 1)
         return;
+    const Vec3<double> value = p; // p may be an element of the list, moved by the growth
     const auto count = static_cast<size_t>(n);
     if (count > m_dataCoords.size())
         m_dataCoords.resize(count, Vec3<double>(kNaN, kNaN, kNaN));
-    m_dataCoords[count - 1] = p;
+    m_dataCoords[count - 1] = value;
 }
 
 void CSurfacePolynomial::SetDataCoord(int n, const Vec3<float>& p) {
