@@ -2,34 +2,18 @@
 #include "base/JsonNameID.h"
 #include "modelfile/ZorvoModelFile.h"
 
+#include "tests/support/ModelFiles.h"
+
 #include <gtest/gtest.h>
 
 #include <functional>
 
 using namespace Tevra;
 using namespace Tevra::Data;
+using namespace Tevra::Testing;
 using namespace Tevra::FileIO;
 
 namespace {
-
-ZorvoData RoundTrip(const ZorvoData& doc, CDataFile::EForm form) {
-    CDataFile out = ZorvoModelFile::Write(doc, form);
-    CDataFile in = CDataFile::FromBytes(out.Contents(), "memory");
-    ZorvoData back;
-    ZorvoModelFile::Read(in, back, nullptr);
-    return back;
-}
-
-std::string ReadError(const std::string& bytes, const std::string& name) {
-    try {
-        CDataFile in = CDataFile::FromBytes(bytes, name);
-        ZorvoData doc;
-        ZorvoModelFile::Read(in, doc, nullptr);
-    } catch (const CDataFileError& e) {
-        return e.what();
-    }
-    return "";
-}
 
 // A binary file of one module with one record, laid out by the given writer, opened at
 // the start of that record.

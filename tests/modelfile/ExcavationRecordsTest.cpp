@@ -2,6 +2,8 @@
 #include "base/JsonNameID.h"
 #include "modelfile/ZorvoModelFile.h"
 
+#include "tests/support/ModelFiles.h"
+
 #include <gtest/gtest.h>
 
 #include <cmath>
@@ -9,30 +11,12 @@
 
 using namespace Tevra;
 using namespace Tevra::Data;
+using namespace Tevra::Testing;
 using namespace Tevra::FileIO;
 using GeoGlobal::eHorizontal;
 using GeoGlobal::eVertical;
 
 namespace {
-
-ZorvoData RoundTrip(const ZorvoData& doc, CDataFile::EForm form) {
-    CDataFile out = ZorvoModelFile::Write(doc, form);
-    CDataFile in = CDataFile::FromBytes(out.Contents(), "memory");
-    ZorvoData back;
-    ZorvoModelFile::Read(in, back, nullptr);
-    return back;
-}
-
-std::string ReadError(const std::string& bytes, const std::string& name) {
-    try {
-        CDataFile in = CDataFile::FromBytes(bytes, name);
-        ZorvoData doc;
-        ZorvoModelFile::Read(in, doc, nullptr);
-    } catch (const CDataFileError& e) {
-        return e.what();
-    }
-    return "";
-}
 
 // One binary module holding a polygonal excavation as a file of an older generation
 // wrote it: the base record of generation g, the polygon's own number g, four vertices,

@@ -5,6 +5,8 @@
 #include "modelfile/ZorvoModelFile.h"
 #include "solver/ZorvoSolver.h"
 
+#include "tests/support/ModelFiles.h"
+
 #include <gtest/gtest.h>
 
 #include <cstdio>
@@ -42,26 +44,6 @@ ZorvoData FullDocument() {
     CLodraZorvoPrefData prefs;
     ZorvoSolver(&doc, &prefs, nullptr, {}).Solve();
     return doc;
-}
-
-ZorvoData RoundTrip(const ZorvoData& doc, CDataFile::EForm form) {
-    CDataFile out = ZorvoModelFile::Write(doc, form);
-    CDataFile in = CDataFile::FromBytes(out.Contents(), "memory");
-    ZorvoData back;
-    ZorvoModelFile::Read(in, back, nullptr);
-    return back;
-}
-
-// The message of the read error a text gives, or "" when it reads.
-std::string ReadError(const std::string& text) {
-    try {
-        CDataFile in = CDataFile::FromBytes(text, "model.json");
-        ZorvoData doc;
-        ZorvoModelFile::Read(in, doc, nullptr);
-    } catch (const CDataFileError& e) {
-        return e.what();
-    }
-    return "";
 }
 
 std::string TunnelJson(const std::string& body) {
