@@ -1,6 +1,7 @@
 #include "CPolygonalExcavation.h"
 
 #include <algorithm>
+#include <array>
 
 namespace Tevra::Data {
 
@@ -27,29 +28,16 @@ template <class T> void InsertAt(std::vector<T>& list, int before, int count, co
 
 } // namespace
 
-double CPolygonalExcavation::GetXMin() const {
-    double xMin, xMax, yMin, yMax;
-    m_polygon.MinMax(xMin, xMax, yMin, yMax);
-    return xMin;
+std::array<double, 4> CPolygonalExcavation::Extent() const {
+    std::array<double, 4> e{};
+    m_polygon.MinMax(e[0], e[1], e[2], e[3]);
+    return e;
 }
 
-double CPolygonalExcavation::GetXMax() const {
-    double xMin, xMax, yMin, yMax;
-    m_polygon.MinMax(xMin, xMax, yMin, yMax);
-    return xMax;
-}
-
-double CPolygonalExcavation::GetYMin() const {
-    double xMin, xMax, yMin, yMax;
-    m_polygon.MinMax(xMin, xMax, yMin, yMax);
-    return yMin;
-}
-
-double CPolygonalExcavation::GetYMax() const {
-    double xMin, xMax, yMin, yMax;
-    m_polygon.MinMax(xMin, xMax, yMin, yMax);
-    return yMax;
-}
+double CPolygonalExcavation::GetXMin() const { return Extent()[0]; }
+double CPolygonalExcavation::GetXMax() const { return Extent()[1]; }
+double CPolygonalExcavation::GetYMin() const { return Extent()[2]; }
+double CPolygonalExcavation::GetYMax() const { return Extent()[3]; }
 
 double CPolygonalExcavation::GetMinBaseLevel() const {
     return *std::min_element(m_baseLevels.begin(), m_baseLevels.end());

@@ -4,6 +4,7 @@
 #include "sources/CExcavation.h"
 #include "sources/CExcavationCorner.h"
 
+#include <array>
 #include <vector>
 
 namespace Tevra::Data {
@@ -116,6 +117,9 @@ class CPolygonalExcavation : public CExcavation {
 
   private:
     static constexpr int m_iVer = 7;
+
+    // The outline's x min, x max, y min, y max (metres).
+    std::array<double, 4> Extent() const;
 
     CPolygon m_polygon{POLYGON_TOLERANCE};
     std::vector<double> m_baseLevels;

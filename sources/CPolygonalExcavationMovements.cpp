@@ -327,56 +327,44 @@ void CPolygonalExcavation::PointMovementsAndStrains(const ZorvoData& data, int s
         const double A = calcExteriorAngle(b, c, clockwise); // soil angle, degrees
         if (!(A < 180.0))
             continue;
-        // The fade weight at psi degrees round from the wall, or 0 outside the wedge.
-        const auto fade = [](double g, double psi) {
-            if (g > 0.0 && psi - 90.0 < g) {
-                const double w = 1.0 - (psi - 90.0) / g;
-                if (w > 0.0)
-                    return w;
-            }
-            return 0.0;
-        };
         const double dx = P.x - Vj.x, dy = P.y - Vj.y;
+        // One wedge: the wall on side unit vector onSide, whose curves are those of the
+        // corner curves, at depth H below the base at vertex baseVertex, faded by weight w
+        // at psi degrees round from the wall (0 outside the wedge of half-angle
+        // fraction x (A - 90)). Only a stiffened corner applies w, with its p1 at the
+        // soil angle; unstiffened, the wall moves whole: this asymmetry is kept.
+        const auto wedge = [&](double fraction, double psi, const CExcavationCorner& stiffness,
+                               const CExcavationCorner& curves, int baseVertex,
+                               const Vec2<double>& onSide) {
+            const double g = fraction * (A - 90.0);
+            if (clockwise)
+                psi = std::fabs(psi);
+            if (!(g > 0.0 && psi - 90.0 < g))
+                return;
+            const double w = 1.0 - (psi - 90.0) / g;
+            if (!(w > 0.0))
+                return;
+            const double F =
+                stiffness.GetStiffened() ? Calc_p1(A, stiffness.GetNextEdge_p1Star()) * w : 1.0;
+            const double r = std::sqrt(std::pow(dy, 2.0) + std::pow(dx, 2.0));
+            const double H = S - baseLevel(baseVertex);
+            const double mH = curveMovement(curves, GeoGlobal::eHorizontal, H, r);
+            const double mV = curveMovement(curves, GeoGlobal::eVertical, H, r);
+            moveOnSide(onSide, F * mH, F * mV);
+        };
 
         // Region 3: past the start of the next side, fading the next side's wall.
-        if (region3) {
-            const double f = cornerK.GetPreviousEdge_TransitionZoneFraction();
-            const double g = f * (A - 90.0);
-            double psi = std::atan2(Cross(fromK, c), Dot(fromK, c)) * 360.0 / kTwoPi;
-            if (clockwise)
-                psi = std::fabs(psi);
-            const double w = fade(g, psi);
-            if (w > 0.0) {
-                // Unstiffened, the whole movement: the fade weight is not applied.
-                const double F =
-                    cornerK.GetStiffened() ? Calc_p1(A, cornerK.GetNextEdge_p1Star()) * w : 1.0;
-                const double r = std::sqrt(std::pow(dy, 2.0) + std::pow(dx, 2.0));
-                const double H = S - baseLevel(k);
-                const double mH = curveMovement(cornerK, GeoGlobal::eHorizontal, H, r);
-                const double mV = curveMovement(cornerK, GeoGlobal::eVertical, H, r);
-                moveOnSide(uc, F * mH, F * mV);
-            }
-        }
-
+        if (region3)
+            wedge(cornerK.GetPreviousEdge_TransitionZoneFraction(),
+                  std::atan2(Cross(fromK, c), Dot(fromK, c)) * 360.0 / kTwoPi, cornerK, cornerK,
+                  k, uc);
         // Region 4: past the end of side i, fading side i's wall.
         if (region4) {
-            const double f = cornerJ.GetNextEdge_TransitionZoneFraction();
-            const double g = f * (A - 90.0);
             const Vec2<double> back = Reversed(b);
             const Vec2<double> toP(dx, dy);
-            double psi = std::atan2(Cross(back, toP), Dot(back, toP)) * 360.0 / kTwoPi;
-            if (clockwise)
-                psi = std::fabs(psi);
-            const double w = fade(g, psi);
-            if (w > 0.0) {
-                const double F =
-                    cornerJ.GetStiffened() ? Calc_p1(A, cornerJ.GetNextEdge_p1Star()) * w : 1.0;
-                const double r = std::sqrt(std::pow(dy, 2.0) + std::pow(dx, 2.0));
-                const double H = S - baseLevel(j);
-                const double mH = curveMovement(cornerI, GeoGlobal::eHorizontal, H, r);
-                const double mV = curveMovement(cornerI, GeoGlobal::eVertical, H, r);
-                moveOnSide(u, F * mH, F * mV);
-            }
+            wedge(cornerJ.GetNextEdge_TransitionZoneFraction(),
+                  std::atan2(Cross(back, toP), Dot(back, toP)) * 360.0 / kTwoPi, cornerJ, cornerI,
+                  j, u);
         }
     }
 }

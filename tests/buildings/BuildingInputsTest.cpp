@@ -31,21 +31,6 @@ TEST(BuildingInputs, NewProjectHasBurlandStrainLimits) {
     EXPECT_EQ(doc.GetDamageCategoryStrains(2).GetName(), CString());
 }
 
-TEST(BuildingInputs, MessageTexts) {
-    struct {
-        int id;
-        const wchar_t* text;
-    } cases[] = {
-        {3810, L"Hogging"},        {3811, L"Sagging"},         {3675, L"None"},
-        {3820, L"0 (Negligible)"}, {3821, L"1 (Very Slight)"}, {3822, L"2 (Slight)"},
-        {3823, L"3 (Moderate)"},   {3824, L"4 (Severe)"},
-    };
-    for (const auto& c : cases)
-        EXPECT_EQ(CResourceStrings::Load(c.id), CString(c.text)) << c.id;
-    for (int k = 0; k < 5; ++k)
-        EXPECT_EQ(CDamageCategoryStrains::DAMAGE_CATEGORY_STRING_IDS[k], 3820 + k);
-}
-
 // Labels go out by value and come back by exact text; anything else is no curvature.
 TEST(BuildingInputs, CurvatureTextBothWays) {
     struct {
@@ -111,14 +96,4 @@ TEST(BuildingInputs, DefaultSectionFollowsTheHeight) {
     p.SetDefaultProperties(false);
     EXPECT_EQ(p.GetI(GeoGlobal::eHogging, 6.0), 1.0);
     EXPECT_NEAR(p.GetI(GeoGlobal::eSagging, 6.0), 83.333333333333333, 1e-12); // stored default
-}
-
-TEST(BuildingInputs, LongestSubBuildingName) {
-    ZorvoData doc;
-    EXPECT_EQ(doc.GetMaxSubBuildingNameLength(), 0);
-    CSpecificBuilding b;
-    b.SetSubBuildingName(L"East wing");
-    doc.SetSpecificBuilding(2, b); // the first is a default "Sub #"
-    EXPECT_EQ(doc.NumRecord(eModuleSpecificBuildings), 2);
-    EXPECT_EQ(doc.GetMaxSubBuildingNameLength(), 9);
 }
