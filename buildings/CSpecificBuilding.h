@@ -91,10 +91,87 @@ class CSpecificBuilding : public NamedEntity {
         m_horizontalMovementResults = std::move(s);
     }
 
+    // ---- Segment results --------------------------------------------------------------
+    // Stage and offset numbers are 0-based, segment numbers 1-based; a stage of -1 means
+    // every stage. combined picks the store of segments joined by the user.
+
+    // Segments at (stage, offset); with stage -1 the sum over stages; 0 for an offset
+    // outside the store.
+    int NumBuildingDamageResults(int stage, bool combined, int offset) const;
+    // Any segment at the stage, at any offset.
+    bool BuildingDamageResultsExist(int stage, bool combined) const;
+    // Any segment at the stage at an offset of the building's properties.
+    bool BuildingDamageResultExists(int stage, bool combined) const;
+    bool BuildingDamageResultExists(int stage, bool combined, int offset, int segment) const;
+    // Unchecked.
+    const CBuildingDamageResult& GetBuildingDamageResult(int stage, bool combined, int offset,
+                                                         int segment) const;
+    // The segments at (stage, offset); the store grows to hold them.
+    std::vector<CBuildingDamageResult>& GetBuildingDamageResults(int stage, bool combined,
+                                                                 int offset);
+    void SetBuildingDamageResults(int stage, bool combined,
+                                  const std::vector<std::vector<CBuildingDamageResult>>& results);
+    void SetBuildingDamageResults(int stage, bool combined, int offset,
+                                  const std::vector<CBuildingDamageResult>& results);
+    // Replaces segment, or appends it when it is one past the end.
+    void SetBuildingDamageResult(int stage, bool combined, int offset, int segment,
+                                 const CBuildingDamageResult& result);
+    // Erases segments first to last (inclusive, cut at the end of the list; -1 means first
+    // alone); nothing when last < first or the stage is outside the store.
+    void DeleteBuildingDamageResult(int stage, bool combined, int offset, int first, int last);
+    void DeleteBuildingDamageResults(int stage, bool combined);
+    void DeleteBuildingDamageResults(int stage);
+    // Segment results of both stores and the movement samples of the stage.
+    void DeleteResults(int stage);
+    // Whether some segment from the second on, at a matching stage and offset (-1 matches
+    // all), has been joined to the one before it.
+    bool CombinedSegmentsExist(int stage, int offset) const;
+    // Highest damage category over the stage's offsets and segments; 0 when there are none.
+    int GetMaxBuildingDamageCategory(int stage, bool combined) const;
+    // Highest category of the uncombined segments at (stage, offset); -1 when there are none.
+    int GetMaxDamageCategory(int stage, int offset) const;
+
+    // Critical values of the uncombined segments at (stage, offset): the value of largest
+    // size, with its sign, the later segment winning a tie; 0 with no segments.
+    double GetMaxDeflnRatio(int stage, int offset) const;
+    double GetMaxHorizStrain(int stage, int offset) const;
+    double GetMaxSlope(int stage, int offset) const;
+    double GetMaxSettlement(int stage, int offset) const;
+    double GetMaxTensileStrain(int stage, int offset) const;
+    double GetMaxGradientOfHDispCurve(int stage, int offset) const;
+    double GetMaxGradientOfVDispCurve(int stage, int offset) const { return GetMaxSlope(stage, offset); }
+    // Largest |curvature| among segments of that sense; 0 with none.
+    double GetMaxCurvature(int stage, int offset, GeoGlobal::ECurvature curvature) const;
+    bool GetMaxGradientOfHDispCurveSet(int stage, int offset) const;
+    bool GetMaxGradientOfVDispCurveSet(int stage, int offset) const;
+
+    // ---- Movement samples of the line --------------------------------------------------
+    // Points are 1-based; the setters grow the stores as needed, so that the solver's
+    // threads each grow only their own building's.
+    void ResizeVerticalMovementResults(int stages, int points);
+    void ResizeHorizontalMovementResults(int stages, int points);
+    void SetVerticalMovementResult(int stage, int offset, int point, const GeoDispResult& result);
+    void SetHorizontalMovementResult(int stage, int point, const GeoDispResult& result);
+    // The samples of (stage, offset) or (stage); empty outside the store.
+    const std::vector<GeoDispResult>& GetVerticalMovementResults(int stage, int offset) const;
+    const std::vector<GeoDispResult>& GetHorizontalMovementResults(int stage) const;
+    // Drops the movement samples of the stage (-1: all).
+    void DeleteMovementResults(int stage);
+
     bool operator==(const CSpecificBuilding& o) const;
     bool operator!=(const CSpecificBuilding& o) const { return !(*this == o); }
 
   private:
+    SegmentStore& Store(bool combined) {
+        return combined ? m_combinedBuildingDamageResults : m_buildingDamageResults;
+    }
+    const SegmentStore& Store(bool combined) const {
+        return combined ? m_combinedBuildingDamageResults : m_buildingDamageResults;
+    }
+    // The uncombined segments at (stage, offset), or none.
+    const std::vector<CBuildingDamageResult>* Segments(int stage, int offset) const;
+    template <class Field> double MaxBySize(int stage, int offset, Field field) const;
+
     static constexpr int m_iVer = 7;
 
     CString m_subBuildingName;

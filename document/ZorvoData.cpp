@@ -116,9 +116,27 @@ bool ZorvoData::IsGMCurveTriangulationNeeded() const {
 
 void ZorvoData::Empty() { *this = ZorvoData(); }
 
-void ZorvoData::DeleteResults() { LodraZorvoData::DeleteResults(); }
+void ZorvoData::DeleteResults() {
+    LodraZorvoData::DeleteResults();
+    for (bool combined : {false, true})
+        for (int b = 1; b <= NumSpecificBuildings(); ++b) {
+            CSpecificBuilding building = GetSpecificBuilding(b);
+            building.DeleteBuildingDamageResults(-1, combined);
+            SetSpecificBuilding(b, building);
+        }
+    DeleteBuildingMovementResults(-1);
+}
 
-bool ZorvoData::ResultsExist(int) const { return LodraZorvoData::ResultsExist(-1); }
+bool ZorvoData::ResultsExist(int stage) const {
+    // The displacement data are asked for any stage, whatever stage was asked.
+    if (LodraZorvoData::ResultsExist(-1))
+        return true;
+    for (bool combined : {false, true})
+        for (const CSpecificBuilding& b : m_specificBuildings.Items())
+            if (b.BuildingDamageResultsExist(stage, combined))
+                return true;
+    return false;
+}
 
 int ZorvoData::NumRecord(int module) const {
     switch (module) {
@@ -175,6 +193,18 @@ void ZorvoData::ResizeResultsAndSetupTransects() {
     for (int i = 1; i <= NumDisplacementGrids(false); ++i)
         if (GetDisplacementGrid(i).GetCalculate())
             AccessDisplacementGrid(i).ResizeResults(stages);
+    // Buildings are sized for the stages before the last; their setters grow the stores
+    // to hold the last one as it is written.
+    const int buildingStages = NumStages(false, false);
+    for (int b = 1; b <= NumSpecificBuildings(); ++b) {
+        if (!SpecificBuildingIsAssessable(b))
+            continue;
+        const int points =
+            GetDisplacementLine(GetSpecificBuilding(b).GetLine()).NumDisplacementLocations(true);
+        CSpecificBuilding& building = AccessSpecificBuilding(b);
+        building.ResizeHorizontalMovementResults(buildingStages, points);
+        building.ResizeVerticalMovementResults(buildingStages, points);
+    }
 }
 
 bool ZorvoData::IsPointInAnyExcavation(const Vec3<double>& point, int stage) const {

@@ -3,6 +3,7 @@
 #include "base/CNumberedList.h"
 #include "base/LodraZorvoData.h"
 #include "base/Vec2.h"
+#include "buildings/CBuildingProfile.h"
 #include "buildings/CDamageCategoryStrains.h"
 #include "buildings/CSpecificBuilding.h"
 #include "document/CReEntrantCornerOptions.h"
@@ -138,6 +139,46 @@ class ZorvoData : public LodraZorvoData {
     }
     // Length (characters) of the longest sub-building name; 0 without buildings.
     int GetMaxSubBuildingNameLength() const;
+    // Whether a building can be assessed: its line exists and is calculated, its start and
+    // end lie in order on the line, its trough sensitivity is not negative and it has a
+    // vertical offset. The run passes over any other building in silence.
+    bool SpecificBuildingIsAssessable(int building) const;
+
+    // Profiles along a building (1-based) from the samples of its line at a stage: settlement
+    // at an offset (0-based), and horizontal movement along the line, against the distance
+    // from the building's start (metres). A profile that cannot be made (no samples, or a
+    // building outside its line) is answered by the status, never thrown.
+    CBuildingProfile::EStatus GetVerticalDisplacementsWRTBuilding(int stage, int building,
+                                                                  int offset,
+                                                                  CTableT<double>& table) const;
+    CBuildingProfile::EStatus GetHorizontalDisplacementsWRTBuilding(int stage, int building,
+                                                                    CTableT<double>& table) const;
+    // Plan length of the building's whole displacement line (not of the building).
+    double GetSpecificBuildingPlanLength(int building) const;
+    // Points on the building's line at its start and end.
+    Vec3<double> GetSpecificBuildingStart(int building) const;
+    Vec3<double> GetSpecificBuildingEnd(int building) const;
+    // Points on the line at the summed lengths of the segments before a segment (1-based),
+    // and up to its end. The sums count from the line's first point, not the building's
+    // start: drawings rely on it as it stands.
+    Vec3<double> GetSpecificBuildingSegmentStartCoordinates(int stage, int building, int offset,
+                                                            int segment, bool combined) const;
+    Vec3<double> GetSpecificBuildingSegmentEndCoordinates(int stage, int building, int offset,
+                                                          int segment, bool combined) const;
+
+    // Segment results of the buildings; -1 as stage or building means all.
+    bool SpecificBuildingDamageResultsExist(int stage, int building, bool combined) const;
+    int NumSpecificBuildingResults(int stage, int building, bool combined) const;
+    void DeleteSpecificBDResults(int stage, bool combined);
+    void DeleteSpecificBDResults(int stage);
+    // Movement samples of every building at a stage (-1: all).
+    void DeleteBuildingMovementResults(int stage);
+    bool CombinedSegmentsExist_SpecificBuilding(int stage, int building, int offset) const;
+    // Makes every matching segment start a run of its own again.
+    void CombinedSegmentsSeparate_SpecificBuilding(int stage, int building, int offset);
+    // With all false, whether any building has joined segments; with all true, whether
+    // every building has. False without buildings.
+    bool GetSpecificBuildingsWithCombinedSegmentsVisible(bool all) const;
 
     // Stages and stage properties.
     ZORVO_NUMBERED_FAMILY(StageProperty, StageProperties, CStageProperty, m_stageProperties)

@@ -2,6 +2,7 @@
 
 #include "base/CPolylineCursor.h"
 #include "solver/ZorvoCal.h"
+#include "solver/ZorvoSolverFamilyLoop.h"
 
 #include <omp.h>
 
@@ -25,13 +26,6 @@ constexpr double kMmToM = 0.001;
 // samples can be stopped too.
 constexpr int kRowCancelStride = 4096;
 
-// floor(total part / parts) without forming total part, which may not fit.
-long long Share(long long total, long long part, long long parts) {
-    return total / parts * part + total % parts * part / parts;
-}
-
-long long CeilDiv(long long a, long long b) { return (a + b - 1) / b; }
-
 // The name a run of rows gives its samples. A record that one thread calculates whole
 // lends its own name, so that all its samples share one text; a record shared between
 // threads gives each run a copy of its own, so that the threads do not contend for the
@@ -46,7 +40,7 @@ ZorvoSolver::ZorvoSolver(ZorvoData* document, CLodraZorvoPrefData* preferences,
 
 ZorvoSolver::ZorvoSolver(const ZorvoSolver& o)
     : m_doc(o.m_doc), m_prefs(o.m_prefs), m_handler(o.m_handler), m_cancelled(o.m_cancelled.load()),
-      m_cancel(o.m_cancel) {}
+      m_cancel(o.m_cancel), m_notes(o.m_notes) {}
 
 ZorvoSolver& ZorvoSolver::operator=(const ZorvoSolver& o) {
     m_doc = o.m_doc;
@@ -54,6 +48,7 @@ ZorvoSolver& ZorvoSolver::operator=(const ZorvoSolver& o) {
     m_handler = o.m_handler;
     m_cancelled.store(o.m_cancelled.load());
     m_cancel = o.m_cancel;
+    m_notes = o.m_notes;
     return *this;
 }
 
@@ -98,80 +93,6 @@ int ZorvoSolver::TickStep(int count) {
     return step < 2 ? 1 : step;
 }
 
-template <class Shape, class Body>
-void ZorvoSolver::FamilyLoop(long long code, int stage, int count, bool zeroBased, Shape shape,
-                             Body body) {
-    if (count > 0)
-        SendStageMsg(code, stage);
-    const int step = TickStep(count);
-    const int first = zeroBased ? 0 : 1;
-    const size_t n = static_cast<size_t>(std::max(count, 0));
-
-    // Every object takes at least one row, so that some thread meets it and ticks it
-    // even when it has nothing to calculate. A row weighs its samples; start[k] is the
-    // weight of the objects before object k.
-    std::vector<SObjectRows> objects(n);
-    std::vector<long long> start(n + 1, 0);
-    // Rows still to be finished of each object, counted down by the runs of the threads
-    // that share it, so that the run that finishes it last sends its tick.
-    std::unique_ptr<std::atomic<int>[]> left(new std::atomic<int>[n]);
-    auto slots = [&objects](size_t k) { return std::max(objects[k].rows, 1); };
-    for (size_t k = 0; k < n; ++k) {
-        objects[k] = shape(first + static_cast<int>(k));
-        objects[k].columns = std::max(objects[k].columns, 1);
-        start[k + 1] = start[k] + static_cast<long long>(slots(k)) * objects[k].columns;
-        left[k].store(slots(k), std::memory_order_relaxed);
-    }
-    const long long total = start[n];
-
-    // Rows [r0, r1) of object k, and its tick if they finish it.
-    auto run = [&](size_t k, int r0, int r1) {
-        const SObjectRows& o = objects[k];
-        if (!o.wanted)
-            return;
-        const int i = first + static_cast<int>(k);
-        int done = 0;
-        if (o.rows == 0)
-            done = LoopCancelled() ? 0 : 1;
-        else
-            done = body(i, r0, r1);
-        // A cancelled object is never finished and never ticks.
-        if (done < r1 - r0)
-            return;
-        const bool whole = r0 == 0 && r1 == slots(k);
-        if (!whole && left[k].fetch_sub(done, std::memory_order_acq_rel) != done)
-            return;
-        const int number = zeroBased ? i + 1 : i;
-        if (number % step == 0) {
-#pragma omp critical(ZorvoSolverTick)
-            SendMsg(nullptr, 0);
-        }
-    };
-
-    // Static schedule: thread t takes the rows that start within its equal share
-    // [lo, hi) of the samples, in order. Once cancelled, a thread's runs fall through.
-#pragma omp parallel
-    {
-        const long long threads = omp_get_num_threads();
-        const long long t = omp_get_thread_num();
-        const long long lo = Share(total, t, threads);
-        const long long hi = Share(total, t + 1, threads);
-        if (lo < hi) {
-            size_t k = static_cast<size_t>(std::upper_bound(start.begin(), start.end(), lo) -
-                                           start.begin()) -
-                       1;
-            long long r = CeilDiv(lo - start[k], objects[k].columns);
-            for (; k < n && start[k] + r * objects[k].columns < hi; ++k, r = 0) {
-                if (r >= slots(k))
-                    continue;
-                const long long end =
-                    std::min<long long>(slots(k), CeilDiv(hi - start[k], objects[k].columns));
-                run(k, static_cast<int>(r), static_cast<int>(end));
-            }
-        }
-    }
-}
-
 bool ZorvoSolver::Solve() {
     if (!m_doc || !m_prefs)
         return false;
@@ -191,17 +112,20 @@ bool ZorvoSolver::Solve() {
 
     const int S = m_doc->NumStages(true, false);
 
-    // Movements of every stage; specific buildings, generic utilities and rail tracks
-    // are assessed here stage by stage as their families join the project.
+    // Movements of every stage, with the specific buildings assessed stage by stage
+    // (generic utilities and rail tracks join them here as their families arrive).
     for (int s = 0; s < S; ++s) {
         CalcGroundMovements_All(s);
+        if (m_cancelled.load(std::memory_order_relaxed))
+            break;
+        SpecificBuildingDamageAssessment(*m_doc, s, false);
         if (m_cancelled.load(std::memory_order_relaxed))
             break;
     }
     if (S < 1)
         return true;
     // Specific utilities and generic buildings are assessed in passes of their own
-    // after every stage has its movements.
+    // after every stage has its movements; each enters stage 0 even after a cancel.
     return true;
 }
 
@@ -234,12 +158,11 @@ void ZorvoSolver::CalcGroundMovements_All(int stage) {
     // buildings.
     AddImportedDisplacementsToResults(stage, true, false,
                                       m_prefs->GetImportedDisplacementTolerance());
-    // The building, utility and rail families join here, each followed by the cancel
-    // test: specific buildings (whose loop adds the stage's imported sets to the copies of
-    // each building's line with Add_Imported_Displacements_To_Disp_Lines, and whose serial
-    // tail then calls WriteExactVerticalImportMatchesToImportedDisplacementsForSpecificBuilding
-    // for each building), generic buildings, specific utilities, generic utilities and
-    // rail tracks.
+    CalcGroundMovements_BuildingsSpecific(stage);
+    if (m_cancelled.load(std::memory_order_relaxed))
+        return;
+    // Generic buildings, specific utilities, generic utilities and rail tracks join here,
+    // each followed by the cancel test.
     AddImportedDisplacementsToResults(stage, false, true,
                                       m_prefs->GetImportedDisplacementTolerance());
 }

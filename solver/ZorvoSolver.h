@@ -8,6 +8,7 @@
 
 #include <atomic>
 #include <functional>
+#include <vector>
 
 namespace Tevra {
 
@@ -75,6 +76,18 @@ class ZorvoSolver {
             building, result, hStrain, deflectionRatio, bending, diagonal, withHStrain);
     }
 
+    // Damage assessment of the specific buildings of a stage, in parallel, one building a
+    // thread. Solve runs it uncombined; the host runs it again combined once the user has
+    // joined segments. A building the run cannot assess is passed over in silence.
+    void SpecificBuildingDamageAssessment(Data::ZorvoData& doc, int stage, bool combined);
+    // One building (1-based) at one vertical offset (0-based).
+    void SpecificBuildingDamageAssessment(Data::ZorvoData& doc, int stage, int building,
+                                          int offset, bool combined);
+
+    // What the run could not do, one text each, by stage and building: assessments left
+    // without results because a profile could not be read. Sorted, without repeats.
+    std::vector<CString> Notes() const;
+
   private:
     void SendMsg(const wchar_t* text, long long code) const;
     void SendStageMsg(long long code, int stage) const;
@@ -112,6 +125,15 @@ class ZorvoSolver {
     void CalcGroundMovements_DisplacementLines(int stage);
     void CalcGroundMovements_DisplacementPolylines(int stage);
     void CalcGroundMovements_DisplacementGrids(int stage);
+    void CalcGroundMovements_BuildingsSpecific(int stage);
+    // Samples of a building's line at each vertical offset and along the line itself;
+    // false when cancelled part way.
+    bool SpecificBuildingMovements(int stage, int building);
+    // Marks the imported points that a building's samples took up, serially after the
+    // building loop.
+    void WriteExactVerticalImportMatchesToImportedDisplacementsForSpecificBuilding(
+        const Data::CSpecificBuilding& building, int stage, int numOffsets, int numIntervals);
+    void AddNote(int stage, int building, int offset, const CString& text);
 
     // Adds the imported sets of the stage: to the displacement data with the tolerance
     // (metres), and to the buildings, utilities and rail tracks. Message 5 with the stage
@@ -146,6 +168,13 @@ class ZorvoSolver {
     // Written by every loop thread; only its settling to true matters.
     std::atomic<bool> m_cancelled{false};
     CancelTest m_cancel;
+    struct SNote {
+        int stage;
+        int building;
+        int offset;
+        CString text;
+    };
+    std::vector<SNote> m_notes;
 };
 
 } // namespace Tevra

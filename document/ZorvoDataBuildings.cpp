@@ -1,0 +1,197 @@
+// Specific buildings in the project: whether they can be assessed, their profiles and
+// positions on their lines, and their stores of results.
+#include "ZorvoData.h"
+
+namespace Tevra::Data {
+
+bool ZorvoData::SpecificBuildingIsAssessable(int building) const {
+    const CSpecificBuilding& b = GetSpecificBuilding(building);
+    const int l = b.GetLine();
+    // A line number of 0 or below is the host's to report; here it is no line either.
+    if (l < 1 || l > NumDisplacementLines(false))
+        return false;
+    const CDisplacementLine& line = GetDisplacementLine(l);
+    if (!line.GetCalculate())
+        return false;
+    const double L = line.GetLength(true);
+    const double start = b.GetLineStart();
+    const double end = b.GetLineEnd();
+    if (start < 0.0 || start > L || end < 0.0 || end > L)
+        return false;
+    if (start == end || start > end)
+        return false;
+    if (b.GetBuildingDamageProperties().GetEndVDispSensitivity() < 0.0)
+        return false;
+    return b.GetBuildingDamageProperties().AnyVerticalOffset();
+}
+
+CBuildingProfile::EStatus ZorvoData::GetVerticalDisplacementsWRTBuilding(
+    int stage, int building, int offset, CTableT<double>& table) const {
+    const CSpecificBuilding& b = GetSpecificBuilding(building);
+    const CDisplacementLine& line = GetDisplacementLine(b.GetLine());
+    return CBuildingProfile::VerticalProfile(line.GetPoint1(), line.GetPoint2(),
+                                             line.GetIntervalsAlongLine(),
+                                             b.GetVerticalMovementResults(stage, offset),
+                                             b.GetLineStart(), b.GetLineEnd(), table);
+}
+
+CBuildingProfile::EStatus
+ZorvoData::GetHorizontalDisplacementsWRTBuilding(int stage, int building,
+                                                 CTableT<double>& table) const {
+    const CSpecificBuilding& b = GetSpecificBuilding(building);
+    const CDisplacementLine& line = GetDisplacementLine(b.GetLine());
+    return CBuildingProfile::HorizontalProfile(
+        line.GetPoint1(), line.GetPoint2(), line.GetIntervalsAlongLine(),
+        GetSpecificBuildingPlanLength(building), b.GetHorizontalMovementResults(stage),
+        b.GetLineStart(), b.GetLineEnd(), table);
+}
+
+double ZorvoData::GetSpecificBuildingPlanLength(int building) const {
+    const CDisplacementLine& line = GetDisplacementLine(GetSpecificBuilding(building).GetLine());
+    return CBuildingProfile::PlanLength(line.GetPoint1(), line.GetPoint2());
+}
+
+namespace {
+
+Vec3<double> AtDistance(const CDisplacementLine& line, double d) {
+    return CBuildingProfile::PointOnLine(line.GetPoint1(), line.GetPoint2(), line.GetLength(false),
+                                         d);
+}
+
+} // namespace
+
+Vec3<double> ZorvoData::GetSpecificBuildingStart(int building) const {
+    const CSpecificBuilding& b = GetSpecificBuilding(building);
+    return AtDistance(GetDisplacementLine(b.GetLine()), b.GetLineStart());
+}
+
+Vec3<double> ZorvoData::GetSpecificBuildingEnd(int building) const {
+    const CSpecificBuilding& b = GetSpecificBuilding(building);
+    return AtDistance(GetDisplacementLine(b.GetLine()), b.GetLineEnd());
+}
+
+namespace {
+
+const std::vector<CBuildingDamageResult>& SegmentsAt(const CSpecificBuilding& b, int stage,
+                                                     int offset, bool combined) {
+    static const std::vector<CBuildingDamageResult> none;
+    const CSpecificBuilding::SegmentStore& store =
+        combined ? b.GetCombinedBuildingDamageResults() : b.GetBuildingDamageResults();
+    if (stage < 0 || offset < 0 || static_cast<size_t>(stage) >= store.size() ||
+        static_cast<size_t>(offset) >= store[static_cast<size_t>(stage)].size())
+        return none;
+    return store[static_cast<size_t>(stage)][static_cast<size_t>(offset)];
+}
+
+} // namespace
+
+Vec3<double> ZorvoData::GetSpecificBuildingSegmentStartCoordinates(int stage, int building,
+                                                                   int offset, int segment,
+                                                                   bool combined) const {
+    const CSpecificBuilding& b = GetSpecificBuilding(building);
+    return AtDistance(GetDisplacementLine(b.GetLine()),
+                      CBuildingProfile::SegmentStartDistance(
+                          SegmentsAt(b, stage, offset, combined), segment));
+}
+
+Vec3<double> ZorvoData::GetSpecificBuildingSegmentEndCoordinates(int stage, int building,
+                                                                 int offset, int segment,
+                                                                 bool combined) const {
+    const CSpecificBuilding& b = GetSpecificBuilding(building);
+    return AtDistance(GetDisplacementLine(b.GetLine()),
+                      CBuildingProfile::SegmentEndDistance(SegmentsAt(b, stage, offset, combined),
+                                                           segment));
+}
+
+bool ZorvoData::SpecificBuildingDamageResultsExist(int stage, int building, bool combined) const {
+    const int stages = NumStages(true, false);
+    for (int b = 1; b <= NumSpecificBuildings(); ++b) {
+        if (building != -1 && b != building)
+            continue;
+        for (int s = 0; s < stages; ++s)
+            if ((stage == -1 || s == stage) &&
+                GetSpecificBuilding(b).BuildingDamageResultsExist(s, combined))
+                return true;
+    }
+    return false;
+}
+
+int ZorvoData::NumSpecificBuildingResults(int stage, int building, bool combined) const {
+    size_t n = 0;
+    for (int b = 1; b <= NumSpecificBuildings(); ++b) {
+        if (building != -1 && b != building)
+            continue;
+        const CSpecificBuilding& sb = GetSpecificBuilding(b);
+        const CSpecificBuilding::SegmentStore& store =
+            combined ? sb.GetCombinedBuildingDamageResults() : sb.GetBuildingDamageResults();
+        for (size_t s = 0; s < store.size(); ++s)
+            if (stage == -1 || static_cast<int>(s) == stage)
+                for (const auto& segments : store[s])
+                    n += segments.size();
+    }
+    return static_cast<int>(n);
+}
+
+void ZorvoData::DeleteSpecificBDResults(int stage, bool combined) {
+    for (int b = 1; b <= NumSpecificBuildings(); ++b) {
+        CSpecificBuilding building = GetSpecificBuilding(b);
+        building.DeleteBuildingDamageResults(stage, combined);
+        SetSpecificBuilding(b, building);
+    }
+}
+
+void ZorvoData::DeleteSpecificBDResults(int stage) {
+    DeleteSpecificBDResults(stage, true);
+    DeleteSpecificBDResults(stage, false);
+}
+
+void ZorvoData::DeleteBuildingMovementResults(int stage) {
+    for (int b = 1; b <= NumSpecificBuildings(); ++b)
+        AccessSpecificBuilding(b).DeleteMovementResults(stage);
+}
+
+bool ZorvoData::CombinedSegmentsExist_SpecificBuilding(int stage, int building, int offset) const {
+    for (int b = 1; b <= NumSpecificBuildings(); ++b)
+        if ((building == -1 || b == building) &&
+            GetSpecificBuilding(b).CombinedSegmentsExist(stage, offset))
+            return true;
+    return false;
+}
+
+void ZorvoData::CombinedSegmentsSeparate_SpecificBuilding(int stage, int building, int offset) {
+    for (int b = 1; b <= NumSpecificBuildings(); ++b) {
+        if (building != -1 && b != building)
+            continue;
+        CSpecificBuilding& sb = AccessSpecificBuilding(b);
+        const CSpecificBuilding::SegmentStore store = sb.GetBuildingDamageResults();
+        for (size_t s = 0; s < store.size(); ++s) {
+            if (stage != -1 && static_cast<int>(s) != stage)
+                continue;
+            for (size_t o = 0; o < store[s].size(); ++o) {
+                if (offset != -1 && static_cast<int>(o) != offset)
+                    continue;
+                for (size_t k = 0; k < store[s][o].size(); ++k) {
+                    CBuildingDamageResult r = store[s][o][k];
+                    r.SetStartOfCombinedSegment(true);
+                    sb.SetBuildingDamageResult(static_cast<int>(s), false, static_cast<int>(o),
+                                               static_cast<int>(k) + 1, r);
+                }
+            }
+        }
+    }
+}
+
+bool ZorvoData::GetSpecificBuildingsWithCombinedSegmentsVisible(bool all) const {
+    if (NumSpecificBuildings() == 0)
+        return false;
+    for (int b = 1; b <= NumSpecificBuildings(); ++b) {
+        const bool has = GetSpecificBuilding(b).BuildingDamageResultsExist(-1, true);
+        if (all && !has)
+            return false;
+        if (!all && has)
+            return true;
+    }
+    return all;
+}
+
+} // namespace Tevra::Data
