@@ -60,6 +60,9 @@ int FamilyCount(const Data::ZorvoData& doc, long long code) {
         return doc.NumDisplacementPolylines(false);
     case 43:
         return doc.NumDisplacementGrids(false);
+    case 44:
+    case 52:
+        return doc.NumSpecificBuildings();
     default:
         return 0;
     }
