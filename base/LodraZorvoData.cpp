@@ -116,8 +116,10 @@ void LodraZorvoData::Add_Imported_Displacements_To_Disp_Lines(
 }
 
 void LodraZorvoData::tun26_(int, const double& angle, const double* in, double* out) {
-    const double c = std::cos(angle);
-    const double s = std::sin(angle);
+    RotateStrains(std::cos(angle), std::sin(angle), in, out);
+}
+
+void LodraZorvoData::RotateStrains(double c, double s, const double* in, double* out) {
     const double ex = in[0], ey = in[1], g = in[2];
     out[0] = ex * c * c + ey * s * s + g * s * c;
     out[1] = ex * s * s + ey * c * c - g * s * c;

@@ -123,6 +123,8 @@ class LodraZorvoData : public BaseEntity {
     // Rotates a plane strain state (ex, ey, gxy with gxy the engineering shear) into
     // axes turned by angle (radians). Only n = 2 is meaningful.
     static void tun26_(int n, const double& angle, const double* in, double* out);
+    // The same with the cosine and sine of the angle already worked out.
+    static void RotateStrains(double c, double s, const double* in, double* out);
 
   protected:
     bool SameBase(const LodraZorvoData& o) const;

@@ -14,9 +14,6 @@ namespace {
 // Reach of a trough, in trough widths, beyond which a tunnel adds nothing. A plain
 // number of widths, not scaled to anything else.
 constexpr double kReachInTroughWidths = 100.0;
-// Smallest diameter (metres) and volume loss (percent) that make a tunnel count.
-constexpr double kMinDiameter = 0.001;
-constexpr double kMinPercentLoss = 1e-6;
 // Terms of the error function series in the New and Bowers method.
 constexpr int kErfTerms = 30;
 
@@ -25,18 +22,22 @@ constexpr int kErfTerms = 30;
 int ZorvoCal::tun21_(const ZorvoData& doc, int stage, const double& x, const double& y,
                      const double& z, Data::ESurfaceType surface, double* zDisp, double* xyDisp,
                      double* principal) {
-    const double pi = 2.0 * std::asin(1.0);
-    const double sqrtTwoPi = std::sqrt(2.0 * pi);
+    return tun21_(CStageSources(doc, stage), x, y, z, surface, zDisp, xyDisp, principal, false);
+}
 
+int ZorvoCal::tun21_(const CStageSources& sources, const double& x, const double& y,
+                     const double& z, Data::ESurfaceType surface, double* zDisp, double* xyDisp,
+                     double* principal, bool outsideExcavations) {
     double disp[3] = {0.0, 0.0, 0.0};
     double strain[3] = {0.0, 0.0, 0.0};
     double volumeTerm = 0.0;
-    if (doc.GetGeneral().GetProblemType() == Data::eGroundMovement)
-        Tunnels(doc, stage, x, y, disp, strain, &volumeTerm, z, surface, pi, sqrtTwoPi);
+    if (sources.GroundMovement())
+        Tunnels(sources, x, y, disp, strain, &volumeTerm, z, surface);
     else
-        Mines(doc, x, y, disp, strain, &volumeTerm, MineRingTable(), pi); // weights worked once
+        Mines(sources.Document(), x, y, disp, strain, &volumeTerm, MineRingTable(),
+              sources.Pi()); // weights worked once
 
-    Excavations(doc, stage, Vec3<double>(x, y, z), disp, strain);
+    Excavations(sources, Vec3<double>(x, y, z), disp, strain, outsideExcavations);
 
     double out[6];
     tun27_(2, strain, out);
@@ -52,8 +53,13 @@ int ZorvoCal::tun21_(const ZorvoData& doc, int stage, const double& x, const dou
 int ZorvoCal::tun28_(const ZorvoData& doc, int stage, const double& x, const double& y,
                      const double& z, Data::ESurfaceType surface, const double& dirX,
                      const double& dirY, double* out) {
-    const double pi = 2.0 * std::asin(1.0);
-    const double sqrtTwoPi = std::sqrt(2.0 * pi);
+    return tun28_(CStageSources(doc, stage), x, y, z, surface, dirX, dirY, out);
+}
+
+int ZorvoCal::tun28_(const CStageSources& sources, const double& x, const double& y,
+                     const double& z, Data::ESurfaceType surface, const double& dirX,
+                     const double& dirY, double* out) {
+    const double pi = sources.Pi();
 
     // Direction of the horizontal component; the solver passes (0, 0), which is pi/2.
     const double a = (1e-6 > std::fabs(dirX)) ? pi / 2.0 : std::atan(dirY / dirX);
@@ -61,12 +67,13 @@ int ZorvoCal::tun28_(const ZorvoData& doc, int stage, const double& x, const dou
     double disp[3] = {0.0, 0.0, 0.0};
     double strain[3] = {0.0, 0.0, 0.0};
     double volumeTerm = 0.0;
-    if (doc.GetGeneral().GetProblemType() == Data::eGroundMovement)
-        Tunnels(doc, stage, x, y, disp, strain, &volumeTerm, z, surface, pi, sqrtTwoPi);
+    if (sources.GroundMovement())
+        Tunnels(sources, x, y, disp, strain, &volumeTerm, z, surface);
     else
-        Mines(doc, x, y, disp, strain, &volumeTerm, MineRingTable(), pi); // weights worked once
+        Mines(sources.Document(), x, y, disp, strain, &volumeTerm, MineRingTable(),
+              pi); // weights worked once
 
-    Excavations(doc, stage, Vec3<double>(x, y, z), disp, strain);
+    Excavations(sources, Vec3<double>(x, y, z), disp, strain, false);
 
     out[0] = disp[0];
     out[1] = disp[1];
@@ -75,52 +82,35 @@ int ZorvoCal::tun28_(const ZorvoData& doc, int stage, const double& x, const dou
     return 0;
 }
 
-void ZorvoCal::Excavations(const ZorvoData& doc, int stage, const Vec3<double>& point,
-                           double* movement, double* strain) {
-    if (doc.IsPointInAnyExcavation(point, stage))
+void ZorvoCal::Excavations(const CStageSources& sources, const Vec3<double>& point,
+                           double* movement, double* strain, bool outside) {
+    if (!outside && sources.IsPointInAnyExcavation(point))
         return; // the ground inside an excavation is gone
     // Polygonal, then circular excavations of the stage, each in list order: a fixed order
     // of addition, whatever the threads.
-    const int n = doc.NumActualStages(false, false);
-    const bool all = stage == 0 || stage == n + 1;
-    for (int k = 1; k <= doc.NumPolygonalExcavations(); ++k)
-        if (all || doc.IsPolygonalExcavationInStage(k, stage))
-            doc.GetPolygonalExcavation(k).PointMovementsAndStrains(doc, stage, k, point, movement,
-                                                                   strain);
-    for (int k = 1; k <= doc.NumCircularExcavations(); ++k)
-        if (all || doc.IsCircularExcavationInStage(k, stage))
-            doc.GetCircularExcavation(k).PointMovementsAndStrains(doc, stage, k, point, movement,
-                                                                  strain);
+    for (const CStageSources::SExcavation& e : sources.Excavations())
+        e.excavation->PointMovementsAndStrains(sources.Document(), sources.Stage(), e.number,
+                                               point, movement, strain);
 }
 
-int ZorvoCal::Tunnels(const ZorvoData& doc, int stage, const double& x, const double& y,
+int ZorvoCal::Tunnels(const CStageSources& sources, const double& x, const double& y,
                       double* disp, double* strain, double* volumeTerm, const double& z,
-                      Data::ESurfaceType surface, const double& pi, const double& sqrtTwoPi) {
-    const int numTunnels = doc.NumTunnels();
-    const bool baseStage = doc.IsBaseStage(stage);
+                      Data::ESurfaceType surface) {
+    const double pi = sources.Pi();
+    const double sqrtTwoPi = sources.SqrtTwoPi();
     const double sqrt2 = std::sqrt(2.0);
 
-    for (int t = 1; t <= numTunnels; ++t) {
-        const GeoTunnel& tun = doc.GetTunnel(t);
-
-        // Only tunnels that exist in this stage (all of them in the base model).
-        if (!baseStage && !doc.IsTunnelInStage(t, stage))
-            continue;
-
-        // Diameter of the stage, after stage properties; too small a tunnel, or too
-        // small a volume loss, moves nothing.
-        const double D = doc.GetTunnelDiameterInStage(t, stage);
-        if (kMinDiameter > D)
-            continue;
-        const double loss = tun.GetPercentLoss();
-        if (kMinPercentLoss > std::fabs(loss))
-            continue;
+    // The tunnels that move ground in the stage, in list order.
+    for (const CStageSources::STunnel& st : sources.Tunnels()) {
+        const GeoTunnel& tun = *st.tunnel;
+        const double D = st.D;
+        const double loss = st.loss;
 
         // The point in the tunnel's axes: x' along the centre line, y' across it.
-        const double X1 = tun.GetXCentreLine1(), Y1 = tun.GetYCentreLine1();
-        const double L = tun.GetPlanLength();
-        const double cx = (tun.GetXCentreLine2() - X1) / L;
-        const double cy = (tun.GetYCentreLine2() - Y1) / L;
+        const double X1 = st.X1, Y1 = st.Y1;
+        const double L = st.L;
+        const double cx = st.cx;
+        const double cy = st.cy;
         const double xl = (y - Y1) * cy + (x - X1) * cx;
         const double yl = (y - Y1) * cx - (x - X1) * cy;
 
@@ -162,7 +152,7 @@ int ZorvoCal::Tunnels(const ZorvoData& doc, int stage, const double& x, const do
             continue;
 
         // Gaussian trough: excavated area, peak settlement (mm) and its slope term.
-        const double A0 = (pi * 0.25) * D * D;
+        const double A0 = st.A0;
         const double Smax = A0 * 10.0 * loss / (i * sqrtTwoPi);
         const double B = Smax / (h * sqrtTwoPi);
 
@@ -251,9 +241,8 @@ int ZorvoCal::Tunnels(const ZorvoData& doc, int stage, const double& x, const do
         disp[2] += Sz;
         *volumeTerm += (P - Q * sqrtTwoPi * (F1 - F2)) * (Ey * B);
 
-        const double theta = -std::atan2(tun.GetYCentreLine2() - Y1, tun.GetXCentreLine2() - X1);
         double rotated[3];
-        ZorvoData::tun26_(2, theta, e, rotated);
+        ZorvoData::RotateStrains(st.cosTheta, st.sinTheta, e, rotated);
         for (int j = 0; j < 3; ++j)
             strain[j] += 0.1 * rotated[j];
     }

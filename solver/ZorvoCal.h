@@ -2,6 +2,7 @@
 
 #include "base/CDisplacementData.h"
 #include "document/ZorvoData.h"
+#include "solver/CStageSources.h"
 #include "sources/GeoTunnel.h"
 
 namespace Tevra {
@@ -18,10 +19,19 @@ class ZorvoCal {
     static int tun21_(const Data::ZorvoData& doc, int stage, const double& x, const double& y,
                       const double& z, Data::ESurfaceType surface, double* zDisp, double* xyDisp,
                       double* principal);
+    // The same with the stage's sources prepared once for many points. With
+    // outsideExcavations the caller has found the point outside every excavation of the
+    // stage, and the test is not made again.
+    static int tun21_(const CStageSources& sources, const double& x, const double& y,
+                      const double& z, Data::ESurfaceType surface, double* zDisp, double* xyDisp,
+                      double* principal, bool outsideExcavations);
 
     // Movement at a point for a sloping line: out[0..2] the X, Y, Z displacements (mm)
     // and out[3] the horizontal displacement along the direction (dirX, dirY).
     static int tun28_(const Data::ZorvoData& doc, int stage, const double& x, const double& y,
+                      const double& z, Data::ESurfaceType surface, const double& dirX,
+                      const double& dirY, double* out);
+    static int tun28_(const CStageSources& sources, const double& x, const double& y,
                       const double& z, Data::ESurfaceType surface, const double& dirX,
                       const double& dirY, double* out);
 
@@ -64,9 +74,9 @@ class ZorvoCal {
 
     // Adds every tunnel's movement (mm) and strain at a point to the running totals:
     // disp[0..2], strain[0..2] and the volume term.
-    static int Tunnels(const Data::ZorvoData& doc, int stage, const double& x, const double& y,
+    static int Tunnels(const CStageSources& sources, const double& x, const double& y,
                        double* disp, double* strain, double* volumeTerm, const double& z,
-                       Data::ESurfaceType surface, const double& pi, const double& sqrtTwoPi);
+                       Data::ESurfaceType surface);
 
     // Subsidence of mine panels by the influence ring method: clears disp[0..2] (mm),
     // strain[0..2] and the volume term, then adds every panel's movement at the plan
@@ -86,9 +96,9 @@ class ZorvoCal {
     static int tun44_(const double& ratio, double& maxFactor);
 
     // Adds the movements of the excavations of the stage; a point inside one keeps
-    // its tunnel movements alone.
-    static void Excavations(const Data::ZorvoData& doc, int stage, const Vec3<double>& point,
-                            double* disp, double* strain);
+    // its tunnel movements alone (outside: the caller has found it outside them all).
+    static void Excavations(const CStageSources& sources, const Vec3<double>& point,
+                            double* disp, double* strain, bool outside);
 };
 
 } // namespace Tevra

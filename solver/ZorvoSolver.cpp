@@ -40,7 +40,7 @@ ZorvoSolver::ZorvoSolver(ZorvoData* document, CLodraZorvoPrefData* preferences,
 
 ZorvoSolver::ZorvoSolver(const ZorvoSolver& o)
     : m_doc(o.m_doc), m_prefs(o.m_prefs), m_handler(o.m_handler), m_cancelled(o.m_cancelled.load()),
-      m_cancel(o.m_cancel), m_notes(o.m_notes) {}
+      m_cancel(o.m_cancel), m_notes(o.m_notes), m_sources(o.m_sources) {}
 
 ZorvoSolver& ZorvoSolver::operator=(const ZorvoSolver& o) {
     m_doc = o.m_doc;
@@ -49,6 +49,7 @@ ZorvoSolver& ZorvoSolver::operator=(const ZorvoSolver& o) {
     m_cancelled.store(o.m_cancelled.load());
     m_cancel = o.m_cancel;
     m_notes = o.m_notes;
+    m_sources = o.m_sources;
     return *this;
 }
 
@@ -142,6 +143,7 @@ void ZorvoSolver::PrepareGMCurves() {
 }
 
 void ZorvoSolver::CalcGroundMovements_All(int stage) {
+    m_sources = std::make_shared<const CStageSources>(*m_doc, stage);
     CalcGroundMovements_DisplacementPoints(stage);
     if (m_cancelled.load(std::memory_order_relaxed))
         return;
@@ -333,13 +335,18 @@ void ZorvoSolver::CalcGroundMovements_DisplacementGrids(int stage) {
 void ZorvoSolver::CalcPointResult(GeoDispResult& result, const ZorvoData& doc, int stage,
                                   ESurfaceType surface, bool) const {
     const Vec3<double> p = result.GetPoint();
-    if (doc.IsPointInAnyExcavation(p, stage))
-        return;
-
     double zDisp = 0.0;
     double xyDisp[2] = {0.0, 0.0};
     double principal[3] = {0.0, 0.0, 0.0};
-    ZorvoCal::tun21_(doc, stage, p.x, p.y, p.z, surface, &zDisp, xyDisp, principal);
+    if (m_sources && m_sources->Stage() == stage && &m_sources->Document() == &doc) {
+        if (m_sources->IsPointInAnyExcavation(p))
+            return;
+        ZorvoCal::tun21_(*m_sources, p.x, p.y, p.z, surface, &zDisp, xyDisp, principal, true);
+    } else {
+        if (doc.IsPointInAnyExcavation(p, stage))
+            return;
+        ZorvoCal::tun21_(doc, stage, p.x, p.y, p.z, surface, &zDisp, xyDisp, principal);
+    }
 
     if (std::fabs(xyDisp[0]) > kResultThreshold)
         result.SetXdisplacement(xyDisp[0] * kMmToM);
@@ -371,7 +378,10 @@ void ZorvoSolver::CalculateLinePointResult(GeoDispResult& result, const CDisplac
     const Vec3<double> p = result.GetPoint();
     const double zero = 0.0;
     double out[4];
-    ZorvoCal::tun28_(*m_doc, stage, p.x, p.y, p.z, line.GetSurfaceType(), zero, zero, out);
+    if (m_sources && m_sources->Stage() == stage)
+        ZorvoCal::tun28_(*m_sources, p.x, p.y, p.z, line.GetSurfaceType(), zero, zero, out);
+    else
+        ZorvoCal::tun28_(*m_doc, stage, p.x, p.y, p.z, line.GetSurfaceType(), zero, zero, out);
     result.SetXdisplacement(kMmToM * out[0]);
     result.SetYdisplacement(kMmToM * out[1]);
     result.SetZdisplacement(kMmToM * out[2]);

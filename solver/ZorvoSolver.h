@@ -4,10 +4,12 @@
 #include "base/CString.h"
 #include "buildings/CBuildingDamageAssessment.h"
 #include "document/ZorvoData.h"
+#include "solver/CStageSources.h"
 #include "solver/MessageHandler.h"
 
 #include <atomic>
 #include <functional>
+#include <memory>
 #include <vector>
 
 namespace Tevra {
@@ -175,6 +177,9 @@ class ZorvoSolver {
         CString text;
     };
     std::vector<SNote> m_notes;
+    // The sources of the stage whose movements are being worked out, prepared once for
+    // all its points.
+    std::shared_ptr<const CStageSources> m_sources;
 };
 
 } // namespace Tevra
