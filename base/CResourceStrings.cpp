@@ -14,6 +14,17 @@ struct Entry {
 
 // By number; messages are looked up rarely, so the table is simply searched.
 const Entry kTable[] = {
+    // Specific buildings that cannot be assessed, and one that crosses an excavation.
+    {24, L"No vertical offsets input for %s building %i.\n"},
+    {258, L"Building %i's settlement trough limit sensitivity is negative."},
+    {260, L"%s %i's start distance along its %s is greater than its end distance."},
+    {3574, L"Building %i refers to Displacement Line %i.  This displacement line has not been "
+           L"defined."},
+    {3575, L"Building %i's start or end points are beyond the extent of Line %i."},
+    {3576, L"The start and end points of Building %i are identical."},
+    {3577, L"Building %i refers to Displacement Line %i.  You have specified that displacements "
+           L"are not to be calculated for this line."},
+    {3582, L"Specific Building %i crosses an excavation."},
     {57, L"There should be at least a tunnel or an excavation or a set of imported "
          L"displacements for the analysis to proceed."},
     {58, L"There should be at least a mine or a set of imported displacements for the "

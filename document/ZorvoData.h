@@ -271,6 +271,27 @@ class ZorvoData : public LodraZorvoData {
     bool ExcavationWarnings(std::vector<CString>& messages, bool& cancelled,
                             const SCheckArgs& args = {});
     bool ExcavationWarnings(std::vector<CString>& messages);
+    // Whether specific building b (1-based) can be assessed: its line exists and is
+    // calculated, its start and end lie on the line in plan and in order, its trough
+    // sensitivity is not negative and it has a vertical offset. The first failure ends
+    // the test; its text is added only withMessages, so the silent form formats nothing
+    // and may be asked for every building in every stage. A line number below 1 or a
+    // damage category strains number outside the list fails in silence: the host's own
+    // checks name those.
+    bool ValidSpecificBuilding(int b, bool withMessages, std::vector<CString>& messages) const;
+    // True when there is a specific building and every one can be assessed.
+    bool ValidSpecificBuildings() const;
+    // Specific buildings that cannot be assessed, and those whose E/G is not above 0.
+    bool BuildingErrors(std::vector<CString>& messages, bool& cancelled,
+                        const SCheckArgs& args = {}) const;
+    bool BuildingErrors(std::vector<CString>& messages) const;
+    // Specific buildings whose line passes through an excavation.
+    bool BuildingWarnings(std::vector<CString>& messages, bool& cancelled,
+                          const SCheckArgs& args = {}) const;
+    bool BuildingWarnings(std::vector<CString>& messages) const;
+    // Whether an interval point of building b's line lies within any excavation, at any
+    // stage; adds one text when it does.
+    bool SpecificBuildingCrossesExcavation(int b, std::vector<CString>& messages) const;
     // Every error pass but the general one, each with a list of its own; does not stop
     // at a finding.
     bool ErrorsExist() const;

@@ -50,17 +50,20 @@ HostSession::ECheck HostSession::Check(ZorvoData& doc, int threads) {
     };
     auto warning = [&](bool) { return print("warning"); };
     // The library's passes in the order of its own error and warning runs, the general
-    // pass first, as the host calls that one itself.
+    // pass first, as the host calls that one itself. The building warnings, which the
+    // library's run repeats at its end with the same texts, are printed once.
     const bool ran =
         error(doc.GeneralErrors(m, cancelled, args)) &&
         error(doc.TunnelErrors(m, cancelled, args)) && error(doc.DisplacementPointErrors(m)) &&
         error(doc.DisplacementLineErrors(m)) && error(doc.DisplacementPolylineErrors(m)) &&
         error(doc.DisplacementGridErrors(m)) && error(doc.ExcavationErrors(m, cancelled, args)) &&
+        error(doc.BuildingErrors(m, cancelled, args)) &&
         error(doc.StageErrors(m, cancelled, args)) &&
         warning(doc.TunnelWarnings(m, cancelled, args)) &&
         warning(doc.DisplacementPointWarnings(m)) && warning(doc.DisplacementLineWarnings(m)) &&
         warning(doc.DisplacementPolylineWarnings(m)) && warning(doc.DisplacementGridWarnings(m)) &&
-        warning(doc.ExcavationWarnings(m, cancelled, args));
+        warning(doc.ExcavationWarnings(m, cancelled, args)) &&
+        warning(doc.BuildingWarnings(m, cancelled, args));
     if (!ran)
         return eCancelled;
 

@@ -566,6 +566,113 @@ void CheckStageProperty(const ZorvoData& doc, const CStageProperty& p, RecordFin
     }
 }
 
+// The limiting strains of a damage category strains record. The category of a segment
+// is the highest whose limit its strain exceeds, found from category 4 down, and the
+// largest tensile strain is searched for below limit 4: both assume limits that rise from
+// category 1 to 4. Limit 0 takes part in no comparison and is not tested.
+void CheckDamageCategoryStrains(const CDamageCategoryStrains& s, RecordFindings& f) {
+    double previous = 0.0;
+    bool ordered = true;
+    for (int k = 1; k < CDamageCategoryStrains::NUM_CATEGORIES; ++k) {
+        const double limit =
+            s.GetStrainLimit(static_cast<CDamageCategoryStrains::EDamageCategory>(k));
+        const std::string field = "limit " + std::to_string(k);
+        if (!f.Finite(field, limit, "a tensile strain as a plain ratio")) {
+            ordered = false;
+            continue;
+        }
+        if (limit < 0.0)
+            f.Error(field + " is " + Number(limit) + "; give a tensile strain of 0 or more");
+        else if (ordered && k > 1 && !(limit > previous)) {
+            f.Error(field + " (" + Number(limit) + ") is not above limit " + std::to_string(k - 1) +
+                    " (" + Number(previous) +
+                    "): the categories must rise with the strain; give limits that increase "
+                    "from category 1 to 4");
+            ordered = false; // the first pair out of order stands for the rest
+        }
+        previous = limit;
+    }
+}
+
+// What the assessment of a specific building reads and the library's errors leave alone:
+// references it would follow blindly, and values that are not numbers or give a beam that
+// does not exist. The chainages, E/G and trough sensitivity are the library's to test as
+// far as their ranges go; here only the values that pass its tests unseen.
+void CheckSpecificBuilding(const ZorvoData& doc, const CSpecificBuilding& b, RecordFindings& f) {
+    if (b.GetLine() < 1)
+        f.Error("its line number is " + std::to_string(b.GetLine()) +
+                "; give the number of the displacement line that carries it, 1 or more");
+    const CBuildingDamageProperties& p = b.GetBuildingDamageProperties();
+    const int strains = p.GetDamageCategoryStrains();
+    if (strains < 1 || strains > doc.NumDamageCategoryStrains())
+        f.Error("it uses damage category strains " + std::to_string(strains) + ", but there " +
+                (doc.NumDamageCategoryStrains() == 1
+                     ? "is 1"
+                     : "are " + std::to_string(doc.NumDamageCategoryStrains())) +
+                "; choose one of them");
+
+    // A chainage that is not a number passes every comparison of the library's test.
+    const struct {
+        const char* field;
+        double v;
+    } chainages[] = {{"the line start", b.GetLineStart()}, {"the line end", b.GetLineEnd()}};
+    for (const auto& c : chainages)
+        if (std::isnan(c.v))
+            f.Error(std::string(c.field) + " is NaN; give a distance along the line in metres");
+
+    // Every formula of the beam divides by its height, through L/H or the section.
+    const double H = b.GetHeight();
+    if (f.Finite("the height", H, "the building's height in metres") && H <= 0.0)
+        f.Error("the height is " + Number(H) + " m; give the building's height, greater than 0");
+
+    // The Burland and Wroth formulas take nu only in (1 - nu)/2 and (1 + nu)/2 and divide
+    // by neither, so no value breaks them; but the masonry, concrete and steel of a
+    // building have nu from 0 to below 0.5 (0.5 is an incompressible solid, and below 0
+    // none of them goes): outside that range the category is worked for a material that
+    // does not exist.
+    const double nu = p.GetPoissonsRatio();
+    if (f.Finite("Poisson's ratio", nu, "a ratio from 0 to below 0.5") && !(nu >= 0.0 && nu < 0.5))
+        f.Error("Poisson's ratio is " + Number(nu) +
+                ", outside the range of building materials; give a ratio from 0 to below 0.5");
+    // E/G not above 0, not a number included, is the library's error.
+    if (std::isinf(p.GetEOverG()) && p.GetEOverG() > 0.0)
+        f.Error("E/G is infinite; give the ratio of Young's to shear modulus");
+    // A negative sensitivity, minus infinity included, is the library's error.
+    const double sensitivity = p.GetEndVDispSensitivity();
+    if (!std::isfinite(sensitivity) && !(sensitivity < 0.0))
+        f.Error("the settlement trough limit sensitivity is " + Number(sensitivity) +
+                "; give the smallest settlement in metres that counts as the edge of the trough");
+
+    // The section values are read only when the properties are not the rectangle of the
+    // building's height; each is a distance or second moment, and 0 divides.
+    if (!p.GetDefaultProperties()) {
+        const struct {
+            const char* name;
+            double (CBuildingDamageProperties::*get)(GeoGlobal::ECurvature, double) const;
+            const char* unit;
+        } section[] = {{"I", &CBuildingDamageProperties::GetI, " m^4/m"},
+                       {"the strain distance from the neutral axis",
+                        &CBuildingDamageProperties::GetStrainFromNA, " m"},
+                       {"the neutral axis distance from the tension edge",
+                        &CBuildingDamageProperties::GetNAFromTensionEdge, " m"}};
+        for (GeoGlobal::ECurvature c : {GeoGlobal::eHogging, GeoGlobal::eSagging}) {
+            const std::string curvature = c == GeoGlobal::eHogging ? "hogging" : "sagging";
+            for (const auto& s : section) {
+                const double v = (p.*s.get)(c, H);
+                const std::string field = std::string(s.name) + " in " + curvature;
+                if (f.Finite(field, v, "a value greater than 0") && v <= 0.0)
+                    f.Error(field + " is " + Number(v) + s.unit + "; give a value greater than 0");
+            }
+        }
+    }
+    // An empty list is the library's error; the first offset at fault stands for the rest.
+    for (int k = 1; k <= p.NumberOfVerticalOffsets(); ++k) {
+        if (!f.Finite("vertical offset " + std::to_string(k), p.GetVerticalOffset(k),
+                      "a level relative to the line in metres"))
+            break;
+    }
+}
+
 // Samples of a displacement record, counted without overflow.
 double Samples(const ZorvoData& doc, int d) {
     EPointType type;
@@ -714,6 +821,16 @@ std::vector<SanityChecks::SFinding> SanityChecks::Inputs(const ZorvoData& doc) {
                 break;
             }
         }
+    }
+    for (int n = 1; n <= doc.NumDamageCategoryStrains(); ++n) {
+        const CDamageCategoryStrains& s = doc.GetDamageCategoryStrains(n);
+        RecordFindings f(out, Label("Damage category strains", n, s.GetName()));
+        CheckDamageCategoryStrains(s, f);
+    }
+    for (int n = 1; n <= doc.NumSpecificBuildings(); ++n) {
+        const CSpecificBuilding& b = doc.GetSpecificBuilding(n);
+        RecordFindings f(out, Label("Specific Building", n, b.GetName()));
+        CheckSpecificBuilding(doc, b, f);
     }
     return out;
 }

@@ -347,6 +347,7 @@ bool ZorvoData::ErrorsExist() const {
     any |= DisplacementPolylineErrors(messages);
     any |= DisplacementGridErrors(messages);
     any |= ExcavationErrors(messages, cancelled);
+    any |= BuildingErrors(messages, cancelled);
     any |= StageErrors(messages, cancelled);
     return any;
 }
@@ -361,6 +362,10 @@ bool ZorvoData::WarningsExist() {
     any |= DisplacementPolylineWarnings(messages);
     any |= DisplacementGridWarnings(messages);
     any |= ExcavationWarnings(messages, cancelled);
+    any |= BuildingWarnings(messages, cancelled);
+    // The building warnings run a second time, last, as they always have; the answer is
+    // the same.
+    any |= BuildingWarnings(messages, cancelled);
     return any;
 }
 

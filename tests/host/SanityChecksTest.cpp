@@ -309,3 +309,96 @@ TEST(SanityChecks, HostPrintsThemAfterTheLibrarysPasses) {
     EXPECT_EQ(session.Check(doc, 1), HostSession::eErrors);
     EXPECT_EQ(err.str(), Expected("host output"));
 }
+
+namespace {
+
+// Line 1 runs 30 m from (0, 0, 100) along x in 10 intervals; building "B" stands on it
+// from 5 m to 25 m.
+ZorvoData BuildingSite() {
+    ZorvoData doc;
+    CDisplacementLine line;
+    line.SetPoint1({0.0, 0.0, 100.0});
+    line.SetPoint2({30.0, 0.0, 100.0});
+    doc.SetDisplacementLine(1, line);
+    CSpecificBuilding b;
+    b.SetName(L"B");
+    b.SetLineStart(5.0);
+    b.SetLineEnd(25.0);
+    doc.SetSpecificBuilding(1, b);
+    return doc;
+}
+
+} // namespace
+
+// Faults of a specific building or a strains record that the library's passes leave alone.
+TEST(SanityChecks, SpecificBuildingsAndTheirStrains) {
+    using B = CSpecificBuilding;
+    using P = CBuildingDamageProperties;
+    using S = CDamageCategoryStrains;
+    constexpr double inf = std::numeric_limits<double>::infinity();
+    const struct {
+        const char* what;
+        std::function<void(B&, P&, S&)> change;
+    } cases[] = {
+        {"sound", [](B&, P&, S&) {}},
+        {"line 0", [](B& b, P&, S&) { b.SetLine(0); }},
+        {"strains record 0 of 1", [](B&, P& p, S&) { p.SetDamageCategoryStrains(0); }},
+        {"no height", [](B& b, P&, S&) { b.SetHeight(0.0); }},
+        // An infinite end is beyond the line: the library's error.
+        {"a start that is not a number",
+         [](B& b, P&, S&) {
+             b.SetLineStart(kNaN);
+             b.SetLineEnd(inf);
+         }},
+        {"Poisson's ratio of 0.5", [](B&, P& p, S&) { p.SetPoissonsRatio(0.5); }},
+        {"Poisson's ratio just below 0.5 passes", [](B&, P& p, S&) { p.SetPoissonsRatio(0.499); }},
+        {"section values",
+         [](B&, P& p, S&) {
+             p.SetDefaultProperties(false);
+             p.SetNAFromTensionEdge(GeoGlobal::eHogging, kNaN);
+             p.SetI(GeoGlobal::eSagging, 0.0);
+         }},
+        {"offsets that are not numbers",
+         [](B&, P& p, S&) {
+             p.SetVerticalOffsets({0, kNaN, inf});
+         }},
+        // Limit 0 takes part in no comparison.
+        {"limits negative and not rising",
+         [](B&, P&, S& s) {
+             s.SetStrainLimit(S::eNegligible, -1.0);
+             s.SetStrainLimit(S::eVerySlight, -0.0005);
+             s.SetStrainLimit(S::eSevere, 0.0015);
+         }},
+    };
+    for (const auto& c : cases) {
+        ZorvoData doc = BuildingSite();
+        B b = doc.GetSpecificBuilding(1);
+        P p = b.GetBuildingDamageProperties();
+        S s = doc.GetDamageCategoryStrains(1);
+        c.change(b, p, s);
+        b.SetBuildingDamageProperties(p);
+        doc.SetSpecificBuilding(1, b);
+        doc.SetDamageCategoryStrains(1, s);
+        EXPECT_EQ(Lines(SanityChecks::Inputs(doc)), Expected(std::string("buildings: ") + c.what))
+            << c.what;
+    }
+}
+
+// A building on line 0 is the host's to report, after the library's passes have run past
+// it; the building warnings are printed once.
+TEST(SanityChecks, HostReportsABuildingTheLibraryPassesOver) {
+    ZorvoData doc = BuildingSite();
+    doc.SetTunnel(1, Tunnel());
+    CSpecificBuilding b = doc.GetSpecificBuilding(1);
+    b.SetLine(0);
+    doc.SetSpecificBuilding(1, b);
+    b.SetLine(1);
+    b.SetLineStart(20.0);
+    b.SetLineEnd(10.0);
+    doc.SetSpecificBuilding(2, b);
+    doc.SetCircularExcavation(1, Shaft(L"S", 30.0, 0.0, 6.0)); // around the line's end
+    std::ostringstream out, err;
+    HostSession session(out, err, nullptr);
+    EXPECT_EQ(session.Check(doc, 1), HostSession::eErrors);
+    EXPECT_EQ(err.str(), Expected("building output"));
+}
