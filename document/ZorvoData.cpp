@@ -196,8 +196,9 @@ void ZorvoData::ResizeResultsAndSetupTransects() {
     // Buildings are sized for the stages before the last; their setters grow the stores
     // to hold the last one as it is written.
     const int buildingStages = NumStages(false, false);
+    std::vector<CString> unused;
     for (int b = 1; b <= NumSpecificBuildings(); ++b) {
-        if (!SpecificBuildingIsAssessable(b))
+        if (!ValidSpecificBuilding(b, false, unused))
             continue;
         const int points =
             GetDisplacementLine(GetSpecificBuilding(b).GetLine()).NumDisplacementLocations(true);

@@ -139,10 +139,6 @@ class ZorvoData : public LodraZorvoData {
     }
     // Length (characters) of the longest sub-building name; 0 without buildings.
     int GetMaxSubBuildingNameLength() const;
-    // Whether a building can be assessed: its line exists and is calculated, its start and
-    // end lie in order on the line, its trough sensitivity is not negative and it has a
-    // vertical offset. The run passes over any other building in silence.
-    bool SpecificBuildingIsAssessable(int building) const;
 
     // Profiles along a building (1-based) from the samples of its line at a stage: settlement
     // at an offset (0-based), and horizontal movement along the line, against the distance

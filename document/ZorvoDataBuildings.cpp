@@ -4,27 +4,6 @@
 
 namespace Tevra::Data {
 
-bool ZorvoData::SpecificBuildingIsAssessable(int building) const {
-    const CSpecificBuilding& b = GetSpecificBuilding(building);
-    const int l = b.GetLine();
-    // A line number of 0 or below is the host's to report; here it is no line either.
-    if (l < 1 || l > NumDisplacementLines(false))
-        return false;
-    const CDisplacementLine& line = GetDisplacementLine(l);
-    if (!line.GetCalculate())
-        return false;
-    const double L = line.GetLength(true);
-    const double start = b.GetLineStart();
-    const double end = b.GetLineEnd();
-    if (start < 0.0 || start > L || end < 0.0 || end > L)
-        return false;
-    if (start == end || start > end)
-        return false;
-    if (b.GetBuildingDamageProperties().GetEndVDispSensitivity() < 0.0)
-        return false;
-    return b.GetBuildingDamageProperties().AnyVerticalOffset();
-}
-
 CBuildingProfile::EStatus ZorvoData::GetVerticalDisplacementsWRTBuilding(
     int stage, int building, int offset, CTableT<double>& table) const {
     const CSpecificBuilding& b = GetSpecificBuilding(building);

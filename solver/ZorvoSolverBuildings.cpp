@@ -136,7 +136,11 @@ void ZorvoSolver::WriteExactVerticalImportMatchesToImportedDisplacementsForSpeci
 }
 
 void ZorvoSolver::SpecificBuildingDamageAssessment(ZorvoData& doc, int stage, bool combined) {
-    auto shape = [&doc](int b) { return SObjectRows{doc.SpecificBuildingIsAssessable(b), 1, 1}; };
+    // A building that cannot be assessed is passed over without a word or a tick.
+    auto shape = [&doc](int b) {
+        std::vector<CString> unused;
+        return SObjectRows{doc.ValidSpecificBuilding(b, false, unused), 1, 1};
+    };
     FamilyLoop(52, stage, doc.NumSpecificBuildings(), false, shape, [&](int b, int, int) {
         if (LoopCancelled())
             return 0;
