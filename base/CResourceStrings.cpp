@@ -52,6 +52,10 @@ const Entry kTable[] = {
     {3671, L"intersects"},
     {3673, L"Tunnel"},
     {3675, L"None"},
+    // Labels of a building's critical values, by parameter (slope, settlement and tensile
+    // strain 3864, 3865, 3854; radii 3702, 3703).
+    {3702, L"Min Radius of Curvature (Hogging)"},
+    {3703, L"Min Radius of Curvature (Sagging)"},
     {3808, L"Positive"},
     {3809, L"Negative"},
     // Curvature of a building segment, hogging and sagging (none is 3675).
@@ -63,6 +67,9 @@ const Entry kTable[] = {
     {3822, L"2 (Slight)"},
     {3823, L"3 (Moderate)"},
     {3824, L"4 (Severe)"},
+    {3854, L"Max Tensile Strain"},
+    {3864, L"Max Slope"},
+    {3865, L"Max Settlement"},
     {3886, L"Base Model"},
     {3904, L"The following polygonal excavations have one or more re-entrant corners: %s. "},
     {3905, L"The use of re-entrant corners is permitted but not recommended.\n\nCIRIA C580/C760, "

@@ -1,7 +1,10 @@
 #pragma once
 
 #include "base/CNumberedList.h"
+#include "base/CStdioFile.h"
+#include "base/CUnit.h"
 #include "base/LodraZorvoData.h"
+#include "base/SCSVExportData.h"
 #include "base/Vec2.h"
 #include "buildings/CBuildingProfile.h"
 #include "buildings/CDamageCategoryStrains.h"
@@ -175,6 +178,20 @@ class ZorvoData : public LodraZorvoData {
     // With all false, whether any building has joined segments; with all true, whether
     // every building has. False without buildings.
     bool GetSpecificBuildingsWithCombinedSegmentsVisible(bool all) const;
+
+    // Result tables of the specific buildings, appended to a text file: rows of comma-
+    // separated cells led by the table's token, numbers in the display units. The segment
+    // tables, one row per segment as the curve cuts them and as the user joined them, with
+    // the segment's ends on the line and its damage category:
+    //   BDA_SPECIFIC_RESULT_UNCOMBINED_SEGMENTS and BDA_SPECIFIC_RESULT_COMBINED_SEGMENTS.
+    // Nothing at all is written when neither is wanted. Throws what the file throws.
+    void WriteCSVBDAResults(CStdioFile& file, const CUnit& unit, const SCSVExportData& data) const;
+    // One row of critical values per building and vertical offset, also for an offset
+    // without results (zeros and category -1):
+    //   BDA_SPECIFIC_RESULT_UNCOMBINED_SEGMENTS_CRITICAL_VALUES.
+    // The unit heading is always written.
+    void WriteCSVBDAResults_CritValues(CStdioFile& file, const CUnit& unit,
+                                       const SCSVExportData& data) const;
 
     // Stages and stage properties.
     ZORVO_NUMBERED_FAMILY(StageProperty, StageProperties, CStageProperty, m_stageProperties)

@@ -3,6 +3,7 @@
 #include "host/HostSession.h"
 
 #include <string>
+#include <vector>
 
 namespace Tevra {
 
@@ -17,8 +18,12 @@ struct SSolveOptions {
     std::string output; // the solved project, when given
     std::string csvDir; // the result tables, when given
     int threads = 0;    // 0: every core
+    // Segments to join to the one before them, "B/O/S": building, vertical offset and
+    // segment, numbered from 1.
+    std::vector<std::string> joins;
 };
-// Checks and solves a project, prints a summary, writes its tables and saves it.
+// Checks and solves a project, joins the building segments asked for, prints a summary
+// of the movements and of each building, writes the tables and saves the project.
 int SolveCommand(HostSession& session, const SSolveOptions& options);
 
 // A project from one form of the model file into the other.

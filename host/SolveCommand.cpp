@@ -1,6 +1,7 @@
 #include "host/HostCommands.h"
 
 #include "export/CDisplacementCsv.h"
+#include "host/BuildingReport.h"
 #include "host/ConsoleProgress.h"
 #include "modelfile/ZorvoModelFile.h"
 #include "solver/ZorvoSolver.h"
@@ -153,6 +154,16 @@ int SolveCommand(HostSession& session, const SSolveOptions& o) {
     ZorvoData doc;
     if (!session.Load(o.file, doc))
         return eExitUsage;
+    std::vector<BuildingReport::SJoin> joins;
+    for (const std::string& text : o.joins) {
+        BuildingReport::SJoin join;
+        const std::string fault = BuildingReport::ParseJoin(text, doc, join);
+        if (!fault.empty()) {
+            session.Fail(fault);
+            return eExitUsage;
+        }
+        joins.push_back(join);
+    }
     const int threads = o.threads > 0 ? o.threads : omp_get_num_procs();
     switch (session.Check(doc, threads)) {
     case HostSession::eCancelled:
@@ -173,17 +184,28 @@ int SolveCommand(HostSession& session, const SSolveOptions& o) {
         cancel = [interrupt] { return interrupt->IsSignalled(); };
     ZorvoSolver solver(&doc, &prefs, &progress, cancel);
     solver.Solve();
-    progress.Finish();
     const bool partial = solver.WasCancelled();
+    // Segments are joined only in a whole run: the joined results rest on all the others.
+    const std::vector<std::string> nothingJoined =
+        partial ? std::vector<std::string>{} : BuildingReport::Join(doc, solver, joins);
+    progress.Finish();
+    for (const CString& note : solver.Notes())
+        err << "note: " << note.ToUtf8() << '\n';
+    for (const std::string& note : nothingJoined)
+        err << "note: " << note << '\n';
     if (partial)
         out << "The run was cancelled: the results below are PARTIAL.\n";
     const bool notFinite = session.Report(SanityChecks::Results(doc));
     PrintSummary(doc, out);
+    BuildingReport::Print(doc, out);
 
     if (!o.csvDir.empty()) {
         try {
             for (const std::string& file : CDisplacementCsv::WriteAll(doc, o.csvDir))
                 out << "wrote " << file << (partial ? " (partial results)" : "") << '\n';
+            if (doc.NumSpecificBuildings() > 0)
+                out << "wrote " << BuildingReport::WriteCsv(doc, o.csvDir)
+                    << (partial ? " (partial results)" : "") << '\n';
         } catch (const std::runtime_error& e) {
             session.Fail(e.what());
             return eExitUsage;

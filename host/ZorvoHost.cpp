@@ -27,6 +27,13 @@ int Run(const std::vector<std::string>& args, HostSession& session) {
     solve->add_option("FILE", solveOptions.file, "Project file (.json or .zorvo)")->required();
     solve->add_option("--output", solveOptions.output, "Save the solved project to this file");
     solve->add_option("--csv", solveOptions.csvDir, "Write the result tables into this folder");
+    solve
+        ->add_option("--join", solveOptions.joins,
+                     "Join a building's segment to the one before it and assess the joined "
+                     "segments: B/O/S, the building, its vertical offset and the segment (2 or "
+                     "more), numbered from 1; repeatable")
+        ->type_name("B/O/S")
+        ->allow_extra_args(false); // one B/O/S a --join, so that FILE can follow it
     const std::string cores = std::to_string(omp_get_num_procs());
     solve
         ->add_option("--threads", solveOptions.threads,

@@ -16,7 +16,7 @@ namespace Tevra {
 // itself (any exception, reported in one line).
 //
 //   zorvo check FILE
-//   zorvo solve FILE [--output FILE] [--csv DIR] [--threads N]
+//   zorvo solve FILE [--output FILE] [--csv DIR] [--threads N] [--join B/O/S ...]
 //   zorvo convert IN OUT
 //   zorvo info FILE
 //   zorvo import MODEL --csv FILE [--name NAME] [--stages LIST] --output OUT
