@@ -119,13 +119,6 @@ void LodraZorvoData::tun26_(int, const double& angle, const double* in, double* 
     RotateStrains(std::cos(angle), std::sin(angle), in, out);
 }
 
-void LodraZorvoData::RotateStrains(double c, double s, const double* in, double* out) {
-    const double ex = in[0], ey = in[1], g = in[2];
-    out[0] = ex * c * c + ey * s * s + g * s * c;
-    out[1] = ex * s * s + ey * c * c - g * s * c;
-    out[2] = (ey - ex) * 2.0 * s * c + g * (c * c - s * s);
-}
-
 bool LodraZorvoData::SameBase(const LodraZorvoData& o) const {
     return m_points == o.m_points && m_lines == o.m_lines && m_dispPolylines == o.m_dispPolylines &&
            m_grids == o.m_grids && m_polylines == o.m_polylines && m_importedSets == o.m_importedSets &&

@@ -123,8 +123,14 @@ class LodraZorvoData : public BaseEntity {
     // Rotates a plane strain state (ex, ey, gxy with gxy the engineering shear) into
     // axes turned by angle (radians). Only n = 2 is meaningful.
     static void tun26_(int n, const double& angle, const double* in, double* out);
-    // The same with the cosine and sine of the angle already worked out.
-    static void RotateStrains(double c, double s, const double* in, double* out);
+    // The same with the cosine and sine of the angle already worked out (inline: the
+    // point loops call it for every source).
+    static void RotateStrains(double c, double s, const double* in, double* out) {
+        const double ex = in[0], ey = in[1], g = in[2];
+        out[0] = ex * c * c + ey * s * s + g * s * c;
+        out[1] = ex * s * s + ey * c * c - g * s * c;
+        out[2] = (ey - ex) * 2.0 * s * c + g * (c * c - s * s);
+    }
 
   protected:
     bool SameBase(const LodraZorvoData& o) const;

@@ -68,15 +68,22 @@ inline Data::CDisplacementGrid MakeSiteGrid(int intervals) {
     return MakeSiteGrid(intervals, intervals, -kSiteHalfWidth, 2.0 * kSiteHalfWidth);
 }
 
-// One point calculation per iteration, at the points in turn.
+// One point calculation per iteration, at the points in turn, with the stage's sources
+// prepared once as a run prepares them, or (prepared false) from the document at every
+// call as a single point is worked out.
 inline void PointCalls(benchmark::State& state, const Data::ZorvoData& doc,
-                       const std::vector<Vec3<double>>& points, Data::ESurfaceType surface) {
+                       const std::vector<Vec3<double>>& points, Data::ESurfaceType surface,
+                       bool prepared = true) {
+    const CStageSources sources(doc, 0);
     size_t next = 0;
     double zDisp[1], xyDisp[2], principal[3];
     for (auto _ : state) {
         const Vec3<double>& p = points[next];
         next = next + 1 == points.size() ? 0 : next + 1;
-        ZorvoCal::tun21_(doc, 0, p.x, p.y, p.z, surface, zDisp, xyDisp, principal);
+        if (prepared)
+            ZorvoCal::tun21_(sources, p.x, p.y, p.z, surface, zDisp, xyDisp, principal, false);
+        else
+            ZorvoCal::tun21_(doc, 0, p.x, p.y, p.z, surface, zDisp, xyDisp, principal);
         benchmark::DoNotOptimize(zDisp);
         benchmark::DoNotOptimize(xyDisp);
         benchmark::DoNotOptimize(principal);

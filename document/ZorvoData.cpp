@@ -457,37 +457,6 @@ Vec2<double> ZorvoData::LocalXYReTunnelFromGlobalXY(const Vec2<double>& global,
             (global.y - Y1) * cx - (global.x - X1) * cy};
 }
 
-ZorvoData::SLevels ZorvoData::LevelsForTunnel(const GeoTunnel& t, double L, double D,
-                                              const Vec2<double>& local, double z) {
-    const double xl = local.x;
-    double axis, interface, ground;
-    if (xl < 0.0) { // before the first end: the first end's levels
-        axis = t.GetZCentreLine1();
-        interface = t.GetSoilInterfaceLevel1();
-        ground = t.GetGroundLevel1();
-    } else if (xl > L) { // past the second end
-        axis = t.GetZCentreLine2();
-        interface = t.GetSoilInterfaceLevel2();
-        ground = t.GetGroundLevel2();
-    } else {
-        axis = (t.GetZCentreLine2() - t.GetZCentreLine1()) * xl / L + t.GetZCentreLine1();
-        interface = (t.GetSoilInterfaceLevel2() - t.GetSoilInterfaceLevel1()) * xl / L +
-                    t.GetSoilInterfaceLevel1();
-        ground = (t.GetGroundLevel2() - t.GetGroundLevel1()) * xl / L + t.GetGroundLevel1();
-    }
-    if (t.GetNumLayers() == 1) // one soil: the interface is at the point itself
-        interface = z;
-    SLevels lv;
-    lv.groundLevel = ground;
-    lv.axisLevel = axis;
-    lv.pointAboveAxis = z - axis;
-    lv.pointAboveAxisPlusRadius = 0.5 * D + lv.pointAboveAxis;
-    lv.interfaceAboveAxis = interface - axis;
-    lv.groundAboveAxis = ground - axis;
-    lv.interfaceLevel = interface;
-    return lv;
-}
-
 ZorvoData::SLevels ZorvoData::GetLevelsForTunnelCalcs(int tunnel, int index,
                                                       const Vec2<double>& local,
                                                       const double& z) const {

@@ -253,8 +253,37 @@ class ZorvoData : public LodraZorvoData {
     SLevels GetLevelsForTunnelCalcs(int tunnel, int index, const Vec2<double>& local,
                                     const double& z) const;
     // The same with the plan length and stage diameter already known (metres).
-    static SLevels LevelsForTunnel(const GeoTunnel& tunnel, double planLength, double diameter,
-                                   const Vec2<double>& local, double z);
+    // Inline: the point loops call it for every tunnel.
+    static SLevels LevelsForTunnel(const GeoTunnel& t, double L, double D,
+                                   const Vec2<double>& local, double z) {
+        const double xl = local.x;
+        double axis, interface, ground;
+        if (xl < 0.0) { // before the first end: the first end's levels
+            axis = t.GetZCentreLine1();
+            interface = t.GetSoilInterfaceLevel1();
+            ground = t.GetGroundLevel1();
+        } else if (xl > L) { // past the second end
+            axis = t.GetZCentreLine2();
+            interface = t.GetSoilInterfaceLevel2();
+            ground = t.GetGroundLevel2();
+        } else {
+            axis = (t.GetZCentreLine2() - t.GetZCentreLine1()) * xl / L + t.GetZCentreLine1();
+            interface = (t.GetSoilInterfaceLevel2() - t.GetSoilInterfaceLevel1()) * xl / L +
+                        t.GetSoilInterfaceLevel1();
+            ground = (t.GetGroundLevel2() - t.GetGroundLevel1()) * xl / L + t.GetGroundLevel1();
+        }
+        if (t.GetNumLayers() == 1) // one soil: the interface is at the point itself
+            interface = z;
+        SLevels lv;
+        lv.groundLevel = ground;
+        lv.axisLevel = axis;
+        lv.pointAboveAxis = z - axis;
+        lv.pointAboveAxisPlusRadius = 0.5 * D + lv.pointAboveAxis;
+        lv.interfaceAboveAxis = interface - axis;
+        lv.groundAboveAxis = ground - axis;
+        lv.interfaceLevel = interface;
+        return lv;
+    }
     // A plan point in the tunnel's axes: x' along the centre line from its first end,
     // y' to the left of it (metres).
     static Vec2<double> LocalXYReTunnelFromGlobalXY(const Vec2<double>& global,

@@ -17,6 +17,12 @@ constexpr double kReachInTroughWidths = 100.0;
 // Terms of the error function series in the New and Bowers method.
 constexpr int kErfTerms = 30;
 
+// exp(x) for the trough's Gaussian terms. Far beyond the trough's width the argument lies
+// so far below zero that exp rounds to +0, and the library reaches that only by its slow
+// underflow path, setting errno on the way: give the +0 at once. Below -746 every result
+// rounds to +0, so nothing changes by a bit.
+inline double ExpOfNegative(double x) { return x < -746.0 ? 0.0 : std::exp(x); }
+
 } // namespace
 
 int ZorvoCal::tun21_(const ZorvoData& doc, int stage, const double& x, const double& y,
@@ -162,9 +168,9 @@ int ZorvoCal::Tunnels(const CStageSources& sources, const double& x, const doubl
         double F1, F2;
         tun25_(u1, F1, kReachInTroughWidths);
         tun25_(u2, F2, kReachInTroughWidths);
-        const double Ey = std::exp(-0.5 * (yl / i) * (yl / i));
-        double E1 = std::exp(-0.5 * u1 * u1);
-        double E2 = std::exp(-0.5 * u2 * u2);
+        const double Ey = ExpOfNegative(-0.5 * (yl / i) * (yl / i));
+        double E1 = ExpOfNegative(-0.5 * u1 * u1);
+        double E2 = ExpOfNegative(-0.5 * u2 * u2);
 
         double Sz = 0.0, Sx = 0.0, Sy = 0.0;
         if (surface == Data::eSubSurface && method == GeoTunnel::eNewAndBowers) {
@@ -191,13 +197,13 @@ int ZorvoCal::Tunnels(const CStageSources& sources, const double& x, const doubl
             const double W = F1 - F2;
             Sz = V / (4.0 * D) * (-1000.0) * W * U;
             const double T = 2.0 * i * i;
-            E1 = std::exp(-(xl * xl) / T);
-            E2 = std::exp(-((xl - L) * (xl - L)) / T);
+            E1 = ExpOfNegative(-(xl * xl) / T);
+            E2 = ExpOfNegative(-((xl - L) * (xl - L)) / T);
             const double C = kk * V / (2.0 * D * sqrtTwoPi);
             Sx = (E1 - E2) * (C * (-1000.0)) * U;
             const double T8 = 8.0 * i * i;
-            Sy = (std::exp(-((2.0 * yl + D) * (2.0 * yl + D)) / T8) -
-                  std::exp(-((2.0 * yl - D) * (2.0 * yl - D)) / T8)) *
+            Sy = (ExpOfNegative(-((2.0 * yl + D) * (2.0 * yl + D)) / T8) -
+                  ExpOfNegative(-((2.0 * yl - D) * (2.0 * yl - D)) / T8)) *
                  (C * 1000.0 * W);
         } else {
             // Surface trough: settlement, and horizontal movement towards the axis.
@@ -217,12 +223,12 @@ int ZorvoCal::Tunnels(const CStageSources& sources, const double& x, const doubl
             } else if (surface == Data::eSubSurface && method == GeoTunnel::eHarrisAndAlvarado) {
                 // Harris and Alvarado: movements scaled by m over the radial distance.
                 const double T = 2.0 * i * i;
-                E1 = std::exp(-(xl * xl) / T);
-                E2 = std::exp(-((xl - L) * (xl - L)) / T);
-                const double Ey2 = std::exp(yl * yl / (-2.0 * i * i));
+                E1 = ExpOfNegative(-(xl * xl) / T);
+                E2 = ExpOfNegative(-((xl - L) * (xl - L)) / T);
+                const double Ey2 = ExpOfNegative(yl * yl / (-2.0 * i * i));
                 Sz = Ey2 * Smax * (F1 - F2);
                 Sy = -m * Smax * (yl / r) * Ey2 * (F1 - F2);
-                Sx = std::exp(-(yl * yl) / T) * ((m * 1000.0 * A0 * loss) / (pi * 200.0 * r)) *
+                Sx = ExpOfNegative(-(yl * yl) / T) * ((m * 1000.0 * A0 * loss) / (pi * 200.0 * r)) *
                      (E1 - E2);
             }
         }
@@ -495,7 +501,10 @@ int ZorvoCal::tun25_(const double& a, double& result, const double& limit) {
     result = 0.0;
     const double b = std::fabs(a);
     double Q = 0.0;
-    if (limit > b) {
+    // Beyond c = 710, past ln of the largest double, exp(c) is infinite and Q is exactly
+    // 0, the finite numerator over an infinite denominator: the tail is given at once
+    // rather than through the library's slow overflow path.
+    if (limit > b && 0.5 * b * b <= 710.0) {
         const double c = 0.5 * b * b;
         const double d = 2.93 * c * c;
         const double e = std::exp(c);

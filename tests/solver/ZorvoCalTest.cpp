@@ -48,6 +48,31 @@ TEST(ZorvoCal, Tun25NormalProbability) {
     }
 }
 
+// Far in the tail the approximation is given without calling exp: the value must be the
+// one the formula as written gives through the library's overflowing exp, bit for bit,
+// on both sides of the point (|a| near 37.7) where exp(a^2 / 2) overflows.
+TEST(ZorvoCal, Tun25TailAsTheFormulaGivesIt) {
+    auto written = [](double a) {
+        const double b = std::fabs(a);
+        const double c = 0.5 * b * b;
+        const double d = 2.93 * c * c;
+        const double p = 1.0 / (1.604 * b + 1.0 + 3.91 * c + 4.45 * c * b + d + 0.73 * d * b);
+        const double Q = (p + 0.7978845 * b / (2.0 * c + 1.0)) / (2.0 * std::exp(c));
+        return a > 0.0 ? 1.0 - Q : Q;
+    };
+    for (int k = 0; k <= 4000; ++k) {
+        const double a = 36.0 + k * 0.001;
+        for (double s : {a, -a}) {
+            double r = -1.0;
+            ZorvoCal::tun25_(s, r, 100.0);
+            EXPECT_EQ(r, written(s)) << s;
+        }
+    }
+    // The Gaussian terms of the trough are given as +0 below -746, as exp rounds them.
+    EXPECT_EQ(std::exp(-746.0), 0.0);
+    EXPECT_GT(std::exp(-745.0), 0.0);
+}
+
 TEST(ZorvoCal, Tun25aErrorFunctionSeries) {
     double r = -1.0;
     ZorvoCal::tun25a_(0.0, r, 30);
