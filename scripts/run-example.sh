@@ -8,7 +8,7 @@ bash scripts/install-deps.sh
 cmake -S . -B build -G Ninja -DCMAKE_BUILD_TYPE=Release -DZORVO_WERROR=OFF
 cmake --build build --target zorvo --parallel "$(nproc)"
 
-build/zorvo check examples/twin-tunnels.json
-build/zorvo solve examples/twin-tunnels.json --csv build/example-results
+build/zorvo check examples/street-of-buildings.json
+build/zorvo solve examples/street-of-buildings.json --csv build/example-results
 echo "Result tables in build/example-results/:"
 ls build/example-results
