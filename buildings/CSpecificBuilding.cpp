@@ -185,22 +185,34 @@ void CSpecificBuilding::DeleteResults(int stage) {
     DeleteMovementResults(stage);
 }
 
-bool CSpecificBuilding::CombinedSegmentsExist(int stage, int offset) const {
-    const SegmentStore& store = m_buildingDamageResults;
+template <class SegmentStoreT, class Visit>
+bool CSpecificBuilding::AnyMatchingSegments(SegmentStoreT& store, int stage, int offset, Visit visit) {
     for (size_t s = 0; s < store.size(); ++s) {
         if (stage != -1 && static_cast<int>(s) != stage)
             continue;
-        for (size_t o = 0; o < store[s].size(); ++o) {
-            if (offset != -1 && static_cast<int>(o) != offset)
-                continue;
-            const auto& segments = store[s][o];
-            // The first segment starts a run whatever its flag says.
-            for (size_t k = 1; k < segments.size(); ++k)
-                if (!segments[k].GetStartOfCombinedSegment())
-                    return true;
-        }
+        for (size_t o = 0; o < store[s].size(); ++o)
+            if ((offset == -1 || static_cast<int>(o) == offset) && visit(store[s][o]))
+                return true;
     }
     return false;
+}
+
+bool CSpecificBuilding::CombinedSegmentsExist(int stage, int offset) const {
+    return AnyMatchingSegments(m_buildingDamageResults, stage, offset, [](const auto& segments) {
+        // The first segment starts a run whatever its flag says.
+        for (size_t k = 1; k < segments.size(); ++k)
+            if (!segments[k].GetStartOfCombinedSegment())
+                return true;
+        return false;
+    });
+}
+
+void CSpecificBuilding::SeparateCombinedSegments(int stage, int offset) {
+    AnyMatchingSegments(m_buildingDamageResults, stage, offset, [](auto& segments) {
+        for (CBuildingDamageResult& r : segments)
+            r.SetStartOfCombinedSegment(true);
+        return false;
+    });
 }
 
 int CSpecificBuilding::GetMaxBuildingDamageCategory(int stage, bool combined) const {

@@ -126,6 +126,8 @@ class CSpecificBuilding : public NamedEntity {
     // Whether some segment from the second on, at a matching stage and offset (-1 matches
     // all), has been joined to the one before it.
     bool CombinedSegmentsExist(int stage, int offset) const;
+    // Makes every segment at a matching stage and offset start a run of its own again.
+    void SeparateCombinedSegments(int stage, int offset);
     // Highest damage category over the stage's offsets and segments; 0 when there are none.
     int GetMaxBuildingDamageCategory(int stage, bool combined) const;
     // Highest category of the uncombined segments at (stage, offset); -1 when there are none.
@@ -171,6 +173,10 @@ class CSpecificBuilding : public NamedEntity {
     // The uncombined segments at (stage, offset), or none.
     const std::vector<CBuildingDamageResult>* Segments(int stage, int offset) const;
     template <class Field> double MaxBySize(int stage, int offset, Field field) const;
+    // Calls visit on the segment list of each stage and offset that match (-1 matches
+    // all) until it answers true; answers whether it did.
+    template <class SegmentStoreT, class Visit>
+    static bool AnyMatchingSegments(SegmentStoreT& store, int stage, int offset, Visit visit);
 
     static constexpr int m_iVer = 7;
 

@@ -138,26 +138,9 @@ bool ZorvoData::CombinedSegmentsExist_SpecificBuilding(int stage, int building, 
 }
 
 void ZorvoData::CombinedSegmentsSeparate_SpecificBuilding(int stage, int building, int offset) {
-    for (int b = 1; b <= NumSpecificBuildings(); ++b) {
-        if (building != -1 && b != building)
-            continue;
-        CSpecificBuilding& sb = AccessSpecificBuilding(b);
-        const CSpecificBuilding::SegmentStore store = sb.GetBuildingDamageResults();
-        for (size_t s = 0; s < store.size(); ++s) {
-            if (stage != -1 && static_cast<int>(s) != stage)
-                continue;
-            for (size_t o = 0; o < store[s].size(); ++o) {
-                if (offset != -1 && static_cast<int>(o) != offset)
-                    continue;
-                for (size_t k = 0; k < store[s][o].size(); ++k) {
-                    CBuildingDamageResult r = store[s][o][k];
-                    r.SetStartOfCombinedSegment(true);
-                    sb.SetBuildingDamageResult(static_cast<int>(s), false, static_cast<int>(o),
-                                               static_cast<int>(k) + 1, r);
-                }
-            }
-        }
-    }
+    for (int b = 1; b <= NumSpecificBuildings(); ++b)
+        if (building == -1 || b == building)
+            AccessSpecificBuilding(b).SeparateCombinedSegments(stage, offset);
 }
 
 bool ZorvoData::GetSpecificBuildingsWithCombinedSegmentsVisible(bool all) const {
