@@ -501,10 +501,12 @@ int ZorvoCal::tun25_(const double& a, double& result, const double& limit) {
     result = 0.0;
     const double b = std::fabs(a);
     double Q = 0.0;
-    // Beyond c = 710, past ln of the largest double, exp(c) is infinite and Q is exactly
-    // 0, the finite numerator over an infinite denominator: the tail is given at once
-    // rather than through the library's slow overflow path.
-    if (limit > b && 0.5 * b * b <= 710.0) {
+    // Two tails are given at once, with the value the formula gives: beyond c = 710, past
+    // ln of the largest double, exp(c) is infinite and Q exactly 0, the finite numerator
+    // over an infinite denominator; and for a > 0 from c = 38 on, Q is below 0.08 e^-c,
+    // far under half a unit in the last place of 1, so that 1 - Q is exactly 1.
+    const double tail = 0.5 * b * b;
+    if (limit > b && tail <= 710.0 && !(a > 0.0 && tail >= 38.0)) {
         const double c = 0.5 * b * b;
         const double d = 2.93 * c * c;
         const double e = std::exp(c);
