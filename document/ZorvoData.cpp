@@ -19,6 +19,8 @@ ZorvoData::ZorvoData() {
     unnamed.SetName(CString());
     m_damageCategoryStrains.SetPrototype(unnamed);
     CreateStandardGMCurves();
+    CreateStandardUtilityDimensions();
+    CreateStandardAcceptanceCriteria();
     // The one strains record of a new project, after any that stand: Burland's limits.
     CDamageCategoryStrains burland;
     burland.SetName(CDamageCategoryStrains::BURLAND_NAME);
@@ -164,6 +166,14 @@ int ZorvoData::NumRecord(int module) const {
         return NumSpecificBuildings();
     case eModuleImportedDisplacements:
         return NumImportedDisplacementsSets();
+    case eModuleUtilityDimensions:
+        return NumUtilityDimensions();
+    case eModuleAcceptanceCriteria:
+        return NumAcceptanceCriteria();
+    case eModuleSpecificUtilities:
+        return NumSpecificUtilities();
+    case eModuleGenericUtilities:
+        return NumGenericUtilities();
     case eModuleStages:
         return m_stages.Num();
     case eModuleStageProperties:
@@ -495,7 +505,12 @@ bool ZorvoData::operator==(const ZorvoData& o) const {
            m_circularExcavations == o.m_circularExcavations && m_gmCurves[0] == o.m_gmCurves[0] &&
            m_gmCurves[1] == o.m_gmCurves[1] && m_cornerOptions == o.m_cornerOptions &&
            m_damageCategoryStrains == o.m_damageCategoryStrains &&
-           m_specificBuildings == o.m_specificBuildings;
+           m_specificBuildings == o.m_specificBuildings &&
+           m_utilityDimensions == o.m_utilityDimensions &&
+           m_acceptanceCriteria == o.m_acceptanceCriteria &&
+           m_specificUtilities == o.m_specificUtilities &&
+           m_genericUtilities == o.m_genericUtilities &&
+           m_utilityCalculationOptions == o.m_utilityCalculationOptions;
 }
 
 } // namespace Tevra::Data

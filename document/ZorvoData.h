@@ -20,6 +20,11 @@
 #include "sources/CPolygonalExcavation.h"
 #include "sources/GeoMine.h"
 #include "sources/GeoTunnel.h"
+#include "utilities/CAcceptanceCriteria.h"
+#include "utilities/CGenericUtility.h"
+#include "utilities/CSpecificUtility.h"
+#include "utilities/CUtilityCalculationOptions.h"
+#include "utilities/CUtilityDimension.h"
 #include "validation/CCheckPass.h"
 
 #include <functional>
@@ -192,6 +197,44 @@ class ZorvoData : public LodraZorvoData {
     // The unit heading is always written.
     void WriteCSVBDAResults_CritValues(CStdioFile& file, const CUnit& unit,
                                        const SCSVExportData& data) const;
+
+    // Pipe sections and acceptance criteria that utilities name by number. Each table
+    // begins with its standard library, read-only rows that every project holds in the
+    // same places, and the user's editable rows follow; only those are saved.
+    ZORVO_NUMBERED_FAMILY(UtilityDimension, UtilityDimensions, CUtilityDimension,
+                          m_utilityDimensions)
+    ZORVO_NUMBERED_FAMILY(AcceptanceCriteria, AcceptanceCriteria, CAcceptanceCriteria,
+                          m_acceptanceCriteria)
+    int NumStandardUtilityDimensions() const {
+        return NumUtilityDimensions() - NumEditableUtilityDimensions();
+    }
+    int NumEditableUtilityDimensions() const;
+    int NumStandardAcceptanceCriteria() const {
+        return NumAcceptanceCriteria() - NumEditableAcceptanceCriteria();
+    }
+    int NumEditableAcceptanceCriteria() const;
+    // Empty the table and fill it with the standard library: 114 pipe sections in four
+    // families, and 20 criteria.
+    void CreateStandardUtilityDimensions();
+    void CreateStandardAcceptanceCriteria();
+
+    // Buried pipes: specific ones on a displacement line or polyline, and generic ones
+    // whose transects cross a polyline.
+    ZORVO_NUMBERED_FAMILY(SpecificUtility, SpecificUtilities, CSpecificUtility, m_specificUtilities)
+    ZORVO_NUMBERED_FAMILY(GenericUtility, GenericUtilities, CGenericUtility, m_genericUtilities)
+    // External diameter (metres) of the dimension record of specific utility u (1-based).
+    double GetSpecificUtilityDiameter(int utility) const;
+    // Length (characters) of the longest sub-utility name; 0 without utilities.
+    int GetMaxSubUtilityNameLength() const;
+    // Whether any utility of the family is shown.
+    bool AreSpecificUtilitiesVisible() const;
+    bool AreGenericUtilitiesVisible() const;
+    const CUtilityCalculationOptions& GetUtilityCalculationOptions() const {
+        return m_utilityCalculationOptions;
+    }
+    void SetUtilityCalculationOptions(const CUtilityCalculationOptions& o) {
+        m_utilityCalculationOptions = o;
+    }
 
     // Stages and stage properties.
     ZORVO_NUMBERED_FAMILY(StageProperty, StageProperties, CStageProperty, m_stageProperties)
@@ -377,6 +420,11 @@ class ZorvoData : public LodraZorvoData {
     CNumberedList<CDamageCategoryStrains> m_damageCategoryStrains;
     CNumberedList<CGMCurve> m_gmCurves[2];
     CNumberedList<CSpecificBuilding> m_specificBuildings;
+    CNumberedList<CUtilityDimension> m_utilityDimensions;
+    CNumberedList<CAcceptanceCriteria> m_acceptanceCriteria;
+    CNumberedList<CSpecificUtility> m_specificUtilities;
+    CNumberedList<CGenericUtility> m_genericUtilities;
+    CUtilityCalculationOptions m_utilityCalculationOptions;
     CReEntrantCornerOptions m_cornerOptions;
 
     // The standard curves of CIRIA C580 and C760, fitted, in place of both lists.

@@ -113,6 +113,12 @@ int InfoCommand(HostSession& session, const std::string& file) {
     PrintImportedSets(doc, out);
     out << "  specific buildings: " << doc.NumSpecificBuildings() << '\n'
         << "  damage category strains records: " << doc.NumDamageCategoryStrains() << '\n';
+    out << "  specific utilities: " << doc.NumSpecificUtilities() << '\n'
+        << "  generic utilities: " << doc.NumGenericUtilities() << '\n'
+        << "  utility dimensions: " << doc.NumUtilityDimensions() << " ("
+        << doc.NumStandardUtilityDimensions() << " standard)\n"
+        << "  acceptance criteria: " << doc.NumAcceptanceCriteria() << " ("
+        << doc.NumStandardAcceptanceCriteria() << " standard)\n";
     out << "  calculation stages: " << doc.NumStages(true, false)
         << (doc.IsSmoothingOn() ? " (with re-entrant corner smoothing)" : "") << '\n';
     PrintExcavations(doc, out);

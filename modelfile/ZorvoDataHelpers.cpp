@@ -361,6 +361,43 @@ ZorvoDataHelpers::ZorvoDataHelpers(ZorvoData& doc) {
              f.ReadBool(jnSmoothedDisplay, on, false);
              d.AccessGraphicSettings().SetSmoothed(on);
          }});
+    // ZorvoDataUtilityDimension and ZorvoDataAcceptanceCriteriaAndParameters: the user's
+    // rows alone, for the standard library comes with every project. Read back, they
+    // follow the library's rows in the order written, so that the numbers utilities hold
+    // stay right; a row read is editable.
+    add({202160, L"Utility Dimensions", CUtilityDimension::GetVersion(),
+         [](const ZorvoData& d) { return d.NumEditableUtilityDimensions(); },
+         [](const ZorvoData& d, CDataFile& f, int n) {
+             for (int k = 1; k <= d.NumUtilityDimensions(); ++k)
+                 if (d.GetUtilityDimension(k).GetEditable() && --n == 0)
+                     return d.GetUtilityDimension(k).Write(f);
+         },
+         [](ZorvoData& d, CDataFile& f, int g) {
+             CUtilityDimension r(true);
+             r.Read(f, g);
+             d.SetUtilityDimension(d.NumUtilityDimensions() + 1, r);
+         }});
+    add({202170, L"Acceptance Criteria", CAcceptanceCriteria::GetVersion(),
+         [](const ZorvoData& d) { return d.NumEditableAcceptanceCriteria(); },
+         [](const ZorvoData& d, CDataFile& f, int n) {
+             for (int k = 1; k <= d.NumAcceptanceCriteria(); ++k)
+                 if (d.GetAcceptanceCriteria(k).GetEditable() && --n == 0)
+                     return d.GetAcceptanceCriteria(k).Write(f);
+         },
+         [](ZorvoData& d, CDataFile& f, int g) {
+             CAcceptanceCriteria r(true);
+             r.Read(f, g);
+             d.SetAcceptanceCriteria(d.NumAcceptanceCriteria() + 1, r);
+         }});
+    // ZorvoDataUtilitiesCalculationOptions
+    add({202230, L"Utility Calculation Options", CUtilityCalculationOptions::GetVersion(),
+         [](const ZorvoData&) { return 1; },
+         [](const ZorvoData& d, CDataFile& f, int) { d.GetUtilityCalculationOptions().Write(f); },
+         [](ZorvoData& d, CDataFile& f, int g) {
+             CUtilityCalculationOptions o;
+             o.Read(f, g);
+             d.SetUtilityCalculationOptions(o);
+         }});
     // ZorvoDataReentrantCornerOptions
     add({202290, L"ReEntrantCornerOptions", 1, [](const ZorvoData&) { return 1; },
          [](const ZorvoData& d, CDataFile& f, int) {
@@ -374,6 +411,22 @@ ZorvoDataHelpers::ZorvoDataHelpers(ZorvoData& doc) {
              o.SetReEntrantCornerSmoothing(on);
              d.SetReEntrantCornerOptions(o);
          }});
+    // ZorvoDataSpecificUtilities: after the options, whose old project-wide choice of
+    // continuous polyline segments, when the file's options hold one, becomes each
+    // utility's own two flags.
+    add({202180, L"Specific Utilities", CSpecificUtility::GetVersion(),
+         [](const ZorvoData& d) { return d.NumSpecificUtilities(); },
+         [](const ZorvoData& d, CDataFile& f, int n) { d.GetSpecificUtility(n).Write(f); },
+         [](ZorvoData& d, CDataFile& f, int g) {
+             CSpecificUtility r;
+             r.Read(f, g);
+             if (const auto continuous =
+                     d.GetUtilityCalculationOptions().GetPolylineSegmentsContinuous()) {
+                 r.SetPolySegContinuousPullouts(*continuous);
+                 r.SetPolySegContinuousStrains(*continuous);
+             }
+             d.SetSpecificUtility(d.NumSpecificUtilities() + 1, r);
+         }});
     // ZorvoDataPolylines
     add({202220, L"Polylines", 3, [](const ZorvoData& d) { return d.NumPolylines(); },
          [](const ZorvoData& d, CDataFile& f, int n) { d.GetPolyline(n).Write(f); },
@@ -381,6 +434,15 @@ ZorvoDataHelpers::ZorvoDataHelpers(ZorvoData& doc) {
              CPolylinePlus r;
              r.Read(f, g);
              d.SetPolyline(d.NumPolylines() + 1, r);
+         }});
+    // ZorvoDataGenericUtilities: after the polylines they follow.
+    add({202210, L"Generic Utilities", CGenericUtility::GetVersion(),
+         [](const ZorvoData& d) { return d.NumGenericUtilities(); },
+         [](const ZorvoData& d, CDataFile& f, int n) { d.GetGenericUtility(n).Write(f); },
+         [](ZorvoData& d, CDataFile& f, int g) {
+             CGenericUtility r;
+             r.Read(f, g);
+             d.SetGenericUtility(d.NumGenericUtilities() + 1, r);
          }});
     // ZorvoDataStages
     add({202240, L"Stages", 1, [](const ZorvoData& d) { return d.NumActualStages(false, false); },

@@ -9,8 +9,9 @@ namespace Tevra::FileIO {
 
 // The model file's helpers in the order their modules are written: file history,
 // parameters, displacement points, lines, polylines and grids, tunnels, mines, graphic
-// settings, re-entrant corner options, polylines, stages, stage properties, and the
-// results of the displacement records last.
+// settings, utility dimensions, acceptance criteria and calculation options, re-entrant
+// corner options, specific utilities, polylines, generic utilities, stages, stage
+// properties, and the results of the displacement records last.
 class ZorvoDataHelpers {
   public:
     explicit ZorvoDataHelpers(Data::ZorvoData& doc);

@@ -88,8 +88,10 @@ TEST(ZorvoData, NumRecordAndTitleOfEachFamily) {
         {4, 1, L"Polylines"},
         {12, 5, L"Tunnels"},
         {16, 0, nullptr},
-        {21, 0, L"Segment Combinations"}, // a title, though it counts no records
-        {25, 0, L"Acceptance Criteria/Parameters"},
+        {21, 0, L"Segment Combinations"},            // a title, though it counts no records
+        {24, 114, L"Dimensions"},                    // the standard library
+        {25, 20, L"Acceptance Criteria/Parameters"}, // the standard library
+        {27, 0, L"Specific Utilities"},
         {31, 2, L"Stages"},
         {33, 0, L"Graphical Input"},
     };

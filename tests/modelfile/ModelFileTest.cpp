@@ -28,7 +28,9 @@ namespace {
 // displacement record, stages and a stage property, two basements (one L-shaped with
 // stiffened corners, transition zones and a negative contribution) and a shaft, a user
 // curve, imported sets with match bits, two strains records, a building with results by
-// stage and offset, titles and history; as the writer lays it out.
+// stage and offset, a user pipe section and criteria record, a specific utility on the
+// polyline that uses them and a generic utility, titles and history; as the writer lays
+// it out.
 const std::string kFullProject =
     std::string(ZORVO_SOURCE_DIR) + "/tests/modelfile/full-project.json";
 
@@ -326,8 +328,13 @@ TEST(ModelFile, HelpersStandInTheFileOrderWithTheirKeys) {
         {202080, L"Damage Category Strains"},
         {202070, L"Specific Buildings"},
         {202110, L"Graphic Settings"},
+        {202160, L"Utility Dimensions"},
+        {202170, L"Acceptance Criteria"},
+        {202230, L"Utility Calculation Options"},
         {202290, L"ReEntrantCornerOptions"},
+        {202180, L"Specific Utilities"},
         {202220, L"Polylines"},
+        {202210, L"Generic Utilities"},
         {202240, L"Stages"},
         {202250, L"Stage Properties"},
         {202100, L"Results"},
@@ -341,6 +348,11 @@ TEST(ModelFile, HelpersStandInTheFileOrderWithTheirKeys) {
     EXPECT_EQ(helpers.KeyFromHelpers(L"Mine Seams")->GetDataBinary(), 4);
     EXPECT_EQ(helpers.KeyFromHelpers(L"Polygonal Excavations")->GetDataBinary(), 7);
     EXPECT_EQ(helpers.KeyFromHelpers(L"Circular Excavations")->GetDataBinary(), 5);
+    EXPECT_EQ(helpers.KeyFromHelpers(L"Utility Dimensions")->GetDataBinary(), 2);
+    EXPECT_EQ(helpers.KeyFromHelpers(L"Acceptance Criteria")->GetDataBinary(), 6);
+    EXPECT_EQ(helpers.KeyFromHelpers(L"Utility Calculation Options")->GetDataBinary(), 4);
+    EXPECT_EQ(helpers.KeyFromHelpers(L"Specific Utilities")->GetDataBinary(), 15);
+    EXPECT_EQ(helpers.KeyFromHelpers(L"Generic Utilities")->GetDataBinary(), 8);
     EXPECT_EQ(helpers.KeyFromHelpers(L"Bridges"), nullptr);
 }
 

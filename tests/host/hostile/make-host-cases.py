@@ -193,3 +193,24 @@ write("building-category-7.json", project(LINE, {
 write("strains-limits-short.json", project({
     "description": "Damage Category Strains", "records": [{"damageCategoryStrains": {
         "name": "Short", "strainLimits": [0.0, 0.0005]}}]}))
+
+
+# ---- Utilities ------------------------------------------------------------------------
+
+
+def b_specific_utility(utility_type=0, cut_after_name=False):
+    """A specific utility record of generation 15 on displacement line 1."""
+    r = b_int(1) + b_text("Gas main")
+    if cut_after_name:
+        return r
+    r += b_int(1) + b_int(1) + b_double(3.0) + b_int(utility_type) + b_bool(True) + b_bool(False)
+    r += b_int(15) + b_text("Sub 1") + b_int(1) + b_double(0.0) + b_double(30.0)
+    return r + b_int(0) + b_int(1) + b_bool(True) + b_bool(True)
+
+
+write_binary("utility-type-7.zorvo", b_file(b_module(
+    202180, "Specific Utilities", 15, [b_specific_utility(utility_type=7)])))
+write_binary("utility-truncated.zorvo", b_file(b_module(
+    202180, "Specific Utilities", 15, [b_specific_utility(cut_after_name=True)])))
+write("criteria-not-object.json", project({
+    "description": "Acceptance Criteria", "records": [{"acceptanceCriteria": []}]}))

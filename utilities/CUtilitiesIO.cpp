@@ -1,0 +1,258 @@
+// Model file records of the utility inputs.
+//
+// Binary form: the fields one after the other, as the record's Write lays them out; a
+// record with a generation of its own writes it first. JSON form: the same fields by name,
+// each record as one object; an enumeration as its text, flags as "YES" and "NO". In JSON
+// every field may be left out and keeps its default; in binary every field is required.
+#include "base/CDataFile.h"
+#include "base/JsonNameID.h"
+#include "utilities/CAcceptanceCriteria.h"
+#include "utilities/CGenericUtility.h"
+#include "utilities/CSpecificUtility.h"
+#include "utilities/CUtility.h"
+#include "utilities/CUtilityCalculationOptions.h"
+#include "utilities/CUtilityDimension.h"
+
+#include <string>
+
+namespace Tevra::Data {
+
+using namespace FileIO;
+using namespace UtilityGlobal;
+
+namespace {
+
+// Refuses a record generation other than the one this version lays out: the layouts of
+// the older ones are not known here, and reading one as the current layout would take
+// its fields for others. A JSON record names its fields and carries no generation (-1).
+void CheckGeneration(const CDataFile& f, const char* what, int generation, int current) {
+    if (generation != -1 && generation != current)
+        f.Fail(std::string(what) + " of generation " + std::to_string(generation) +
+               ", which this version cannot read: it reads generation " + std::to_string(current));
+}
+
+// A checked quantity: its value and whether it is used, as one object.
+void WriteCriterion(CDataFile& f, int name, double value, bool used) {
+    f.BeginObject(name);
+    f.WriteDouble(jnValue, value);
+    f.WriteBool(jnUsed, used);
+    f.EndObject();
+}
+
+void ReadCriterion(CDataFile& f, int name, double& value, bool& used) {
+    const bool json = f.IsJson();
+    if (!f.EnterObject(name, !json))
+        return;
+    f.ReadDouble(jnValue, value, !json);
+    f.ReadBool(jnUsed, used, !json);
+    f.LeaveObject();
+}
+
+} // namespace
+
+// ---- CUtility --------------------------------------------------------------------------
+
+void CUtility::Write(CDataFile& f) const {
+    f.BeginObject(jnUtility);
+    f.WriteInt(jnVersion, m_iVer);
+    f.WriteString(jnName, GetName());
+    f.WriteInt(jnDimension, m_dimension);
+    f.WriteInt(jnCriteria, m_criteria);
+    f.WriteDouble(jnPipeLength, m_pipeLength);
+    f.WriteEnum(jnUtilityType, m_utilityType, UTILITY_TYPE_STRINGS, 2);
+    f.WriteBool(jnShow, m_show);
+    f.WriteBool(jnLabel, m_label);
+    f.EndObject();
+}
+
+// In JSON the type is read as GetUtilityTypeFromCStr reads it: any text but "Jointed"
+// is continuous. In binary the number must be one of the two.
+void CUtility::Read(CDataFile& f, int) {
+    const bool json = f.IsJson();
+    if (!f.EnterObject(jnUtility, !json))
+        return;
+    const bool required = !json;
+    int version = m_iVer;
+    f.ReadInt(jnVersion, version, required);
+    CheckGeneration(f, "a utility", version, m_iVer);
+    f.ReadString(jnName, AccessName(), required);
+    f.ReadInt(jnDimension, m_dimension, required);
+    f.ReadInt(jnCriteria, m_criteria, required);
+    f.ReadDouble(jnPipeLength, m_pipeLength, required);
+    if (json) {
+        CString text;
+        if (f.ReadString(jnUtilityType, text, false))
+            m_utilityType = GetUtilityTypeFromCStr(text);
+    } else {
+        int type = m_utilityType;
+        f.ReadEnum(jnUtilityType, type, UTILITY_TYPE_STRINGS, 2);
+        m_utilityType = static_cast<EUtilityType>(type);
+    }
+    f.ReadBool(jnShow, m_show, required);
+    f.ReadBool(jnLabel, m_label, required);
+    f.LeaveObject();
+}
+
+// ---- CSpecificUtility ------------------------------------------------------------------
+
+void CSpecificUtility::Write(CDataFile& f) const {
+    f.BeginObject(jnSpecificUtility);
+    CUtility::Write(f);
+    f.WriteInt(jnVersion, m_iVer);
+    f.WriteString(jnSubUtilityName, m_subUtilityName);
+    f.WriteInt(jnLine, m_line);
+    f.WriteDouble(jnLineStart, m_lineStart);
+    f.WriteDouble(jnLineEnd, m_lineEnd);
+    f.WriteEnum(jnDisplacementDataType, m_dataType, DISPLACEMENT_DATA_TYPE_STRINGS, 2);
+    f.WriteInt(jnDisplacementPolyline, m_displacementPolyline);
+    f.WriteBool(jnPolySegContinuousPullouts, m_polySegContinuousPullouts);
+    f.WriteBool(jnPolySegContinuousStrains, m_polySegContinuousStrains);
+    f.EndObject();
+}
+
+void CSpecificUtility::Read(CDataFile& f, int generation) {
+    const bool json = f.IsJson();
+    if (!f.EnterObject(jnSpecificUtility, !json))
+        return;
+    const bool required = !json;
+    CUtility::Read(f, generation);
+    int version = m_iVer;
+    f.ReadInt(jnVersion, version, required);
+    CheckGeneration(f, "a specific utility", version, m_iVer);
+    m_readVersion = version;
+    f.ReadString(jnSubUtilityName, m_subUtilityName, required);
+    f.ReadInt(jnLine, m_line, required);
+    f.ReadDouble(jnLineStart, m_lineStart, required);
+    f.ReadDouble(jnLineEnd, m_lineEnd, required);
+    int type = m_dataType;
+    f.ReadEnum(jnDisplacementDataType, type, DISPLACEMENT_DATA_TYPE_STRINGS, 2, required);
+    m_dataType = static_cast<EDisplacementDataType>(type);
+    f.ReadInt(jnDisplacementPolyline, m_displacementPolyline, required);
+    f.ReadBool(jnPolySegContinuousPullouts, m_polySegContinuousPullouts, required);
+    f.ReadBool(jnPolySegContinuousStrains, m_polySegContinuousStrains, required);
+    f.LeaveObject();
+}
+
+// ---- CGenericUtility -------------------------------------------------------------------
+
+// The JSON object is the base's alone: the generic fields stand beside it in the record.
+void CGenericUtility::Write(CDataFile& f) const {
+    CUtility::Write(f);
+    f.WriteInt(jnPolyline, m_polyline);
+    f.WriteDouble(jnInterval, m_interval);
+    f.WriteDouble(jnLength, m_length);
+    f.WriteInt(jnDispPoints, m_dispPoints);
+}
+
+void CGenericUtility::Read(CDataFile& f, int generation) {
+    CheckGeneration(f, "a generic utility", generation, m_iVer);
+    const bool required = !f.IsJson();
+    CUtility::Read(f, generation);
+    f.ReadInt(jnPolyline, m_polyline, required);
+    f.ReadDouble(jnInterval, m_interval, required);
+    f.ReadDouble(jnLength, m_length, required);
+    f.ReadInt(jnDispPoints, m_dispPoints, required);
+    m_readVersion = generation == -1 ? m_iVer : generation;
+}
+
+// ---- CUtilityDimension -----------------------------------------------------------------
+
+void CUtilityDimension::Write(CDataFile& f) const {
+    f.BeginObject(jnUtilityDimension);
+    f.WriteInt(jnVersion, m_iVer);
+    f.WriteString(jnName, GetName());
+    f.WriteDouble(jnInternalDiameter, m_internalDiameter);
+    f.WriteDouble(jnWallThickness, m_wallThickness);
+    f.EndObject();
+}
+
+void CUtilityDimension::Read(CDataFile& f, int) {
+    const bool json = f.IsJson();
+    m_editable = true;
+    if (!f.EnterObject(jnUtilityDimension, !json))
+        return;
+    const bool required = !json;
+    int version = m_iVer;
+    f.ReadInt(jnVersion, version, required);
+    CheckGeneration(f, "a utility dimension", version, m_iVer);
+    f.ReadString(jnName, AccessName(), required);
+    f.ReadDouble(jnInternalDiameter, m_internalDiameter, required);
+    f.ReadDouble(jnWallThickness, m_wallThickness, required);
+    f.LeaveObject();
+}
+
+// ---- CAcceptanceCriteria ---------------------------------------------------------------
+
+// The radius of curvature is stored as a radius, threshold and limit alike, so that it
+// comes back to the bit.
+void CAcceptanceCriteria::Write(CDataFile& f) const {
+    f.BeginObject(jnAcceptanceCriteria);
+    f.WriteString(jnName, GetName());
+    WriteCriterion(f, jnAllowableStrainTension, m_tension, m_tensionUsed);
+    WriteCriterion(f, jnAllowableStrainCompression, m_compression, m_compressionUsed);
+    WriteCriterion(f, jnRotationThreshold, m_rotationThreshold, m_rotationThresholdUsed);
+    WriteCriterion(f, jnRotationLimit, m_rotationLimit, m_rotationLimitUsed);
+    WriteCriterion(f, jnPulloutThreshold, m_pulloutThreshold, m_pulloutThresholdUsed);
+    WriteCriterion(f, jnPulloutLimit, m_pulloutLimit, m_pulloutLimitUsed);
+    f.WriteDouble(jnAxialStrainRFTension, m_axialStrainRFTension);
+    f.WriteDouble(jnAxialStrainRFCompression, m_axialStrainRFCompression);
+    f.WriteDouble(jnPulloutRFAxial, m_pulloutRFAxial);
+    f.WriteDouble(jnPulloutRFFlexural, m_pulloutRFFlexural);
+    WriteCriterion(f, jnRADThreshold, m_radThreshold, m_radThresholdUsed);
+    WriteCriterion(f, jnRADLimit, m_radLimit, m_radLimitUsed);
+    f.WriteDouble(jnRotationFactor, m_rotationFactor);
+    f.WriteDouble(jnBendingFactorTension, m_bendingFactorTension);
+    f.WriteDouble(jnBendingFactorCompression, m_bendingFactorCompression);
+    f.EndObject();
+}
+
+void CAcceptanceCriteria::Read(CDataFile& f, int generation) {
+    const bool json = f.IsJson();
+    CheckGeneration(f, "acceptance criteria", generation, m_iVer);
+    m_editable = true;
+    m_readVersion = json ? m_iVer : generation;
+    if (!f.EnterObject(jnAcceptanceCriteria, !json))
+        return;
+    const bool required = !json;
+    f.ReadString(jnName, AccessName(), required);
+    ReadCriterion(f, jnAllowableStrainTension, m_tension, m_tensionUsed);
+    ReadCriterion(f, jnAllowableStrainCompression, m_compression, m_compressionUsed);
+    ReadCriterion(f, jnRotationThreshold, m_rotationThreshold, m_rotationThresholdUsed);
+    ReadCriterion(f, jnRotationLimit, m_rotationLimit, m_rotationLimitUsed);
+    ReadCriterion(f, jnPulloutThreshold, m_pulloutThreshold, m_pulloutThresholdUsed);
+    ReadCriterion(f, jnPulloutLimit, m_pulloutLimit, m_pulloutLimitUsed);
+    f.ReadDouble(jnAxialStrainRFTension, m_axialStrainRFTension, required);
+    f.ReadDouble(jnAxialStrainRFCompression, m_axialStrainRFCompression, required);
+    f.ReadDouble(jnPulloutRFAxial, m_pulloutRFAxial, required);
+    f.ReadDouble(jnPulloutRFFlexural, m_pulloutRFFlexural, required);
+    ReadCriterion(f, jnRADThreshold, m_radThreshold, m_radThresholdUsed);
+    ReadCriterion(f, jnRADLimit, m_radLimit, m_radLimitUsed);
+    f.ReadDouble(jnRotationFactor, m_rotationFactor, required);
+    f.ReadDouble(jnBendingFactorTension, m_bendingFactorTension, required);
+    f.ReadDouble(jnBendingFactorCompression, m_bendingFactorCompression, required);
+    f.LeaveObject();
+}
+
+// ---- CUtilityCalculationOptions --------------------------------------------------------
+
+void CUtilityCalculationOptions::Write(CDataFile& f) const {
+    f.BeginObject(jnUtilityCalculationOptions);
+    f.WriteBool(jnNeglectBenificialContribution, m_neglectBenificialContribution);
+    f.EndObject();
+}
+
+// Binary: generation 3 holds the polyline flag after the neglect flag; 4 does not.
+void CUtilityCalculationOptions::Read(CDataFile& f, int generation) {
+    const bool json = f.IsJson();
+    if (generation != kPolylineFlagGeneration)
+        CheckGeneration(f, "utility calculation options", generation, m_iVer);
+    m_readVersion = json ? m_iVer : generation;
+    if (!f.EnterObject(jnUtilityCalculationOptions, !json))
+        return;
+    f.ReadBool(jnNeglectBenificialContribution, m_neglectBenificialContribution, !json);
+    if (m_readVersion == kPolylineFlagGeneration)
+        f.ReadBool(jnPolylineSegmentsContinuous, m_polylineSegmentsContinuous);
+    f.LeaveObject();
+}
+
+} // namespace Tevra::Data
