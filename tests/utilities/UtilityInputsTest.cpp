@@ -40,60 +40,15 @@ bool Flag(const std::string& text) { return text == "Y"; }
 
 } // namespace
 
-TEST(UtilityInputs, NewRecordsTakeTheirDefaults) {
-    const CSpecificUtility s;
-    EXPECT_EQ(s.GetName(), CString(L"Specific Utility #"));
-    EXPECT_EQ(s.GetSubUtilityName(), CString(L"Sub #"));
-    EXPECT_EQ(s.GetDimension(), 1);
-    EXPECT_EQ(s.GetCriteria(), 1);
-    EXPECT_EQ(s.GetPipeLength(), 3.0);
-    EXPECT_EQ(s.GetUtilityType(), eJointed);
-    EXPECT_EQ(s.GetDisplacementDataType(), eDisplacementLine);
-    EXPECT_TRUE(s.GetPolySegContinuousPullouts());
-    EXPECT_TRUE(s.GetPolySegContinuousStrains());
-    EXPECT_EQ(s.GetReadVersion(), CSpecificUtility::GetVersion());
-
-    const CGenericUtility g;
-    EXPECT_EQ(g.GetName(), CString(L"Generic Utility #"));
-    EXPECT_EQ(g.GetPolyline(), 1);
-    EXPECT_EQ(g.GetLength(), 10.0);
-    EXPECT_EQ(g.GetInterval(), 10.0);
-    EXPECT_EQ(g.GetDispPoints(), 11);
-    EXPECT_EQ(g.GetTransectChainage(3), 20.0); // (3 - 1) x 10 m
-
-    const CUtilityDimension d;
-    EXPECT_EQ(d.GetName(), CString(L"Utility Dimension #"));
-    EXPECT_TRUE(d.GetEditable());
-    EXPECT_DOUBLE_EQ(d.GetDiameter(), 1.01); // 1.0 + 2 x 0.005 m
-
-    // The default pullouts stay a thousand times those of the library, unscaled.
+// The defaults that are worked rather than set: a generic utility's transect chainage, a
+// dimension's outside diameter, and the criteria's pullouts a thousand times the library's.
+TEST(UtilityInputs, WorkedDefaults) {
+    EXPECT_EQ(CGenericUtility().GetTransectChainage(3), 20.0); // (3 - 1) x 10 m
+    EXPECT_DOUBLE_EQ(CUtilityDimension().GetDiameter(), 1.01); // 1.0 + 2 x 0.005 m
     const CAcceptanceCriteria c;
-    EXPECT_EQ(c.GetName(), CString(L"Acceptance Criteria #"));
     EXPECT_EQ(c.GetPullout_Threshold(), 0.1);
     EXPECT_EQ(c.GetPullout_Limit(), 0.4);
     EXPECT_FALSE(CAcceptanceCriteria(false).GetEditable());
-
-    EXPECT_FALSE(CUtilityCalculationOptions().GetNeglectBenificialContribution());
-    EXPECT_FALSE(CUtilityCalculationOptions().GetPolylineSegmentsContinuous().has_value());
-}
-
-TEST(UtilityInputs, DefaultValuesLeaveShowLabelAndName) {
-    CSpecificUtility s;
-    s.SetName(L"Gas main");
-    s.SetShow(false);
-    s.SetLabel(true);
-    s.SetDimension(7);
-    s.SetCriteria(4);
-    s.SetPipeLength(5.5);
-    s.SetUtilityType(eContinuous);
-    s.DefaultValues();
-    EXPECT_EQ(s.GetDimension(), 1);
-    EXPECT_EQ(s.GetCriteria(), 1);
-    EXPECT_EQ(s.GetPipeLength(), 3.0);
-    EXPECT_EQ(s.GetUtilityType(), eJointed);
-    EXPECT_FALSE(s.GetShow());
-    EXPECT_TRUE(s.GetLabel());
-    EXPECT_EQ(s.GetName(), CString(L"Gas main"));
 }
 
 TEST(UtilityInputs, OnlyJointedReadsAsJointed) {
