@@ -295,6 +295,12 @@ class ZorvoData : public LodraZorvoData {
     // Levels of tunnel t (1-based) at a point given in the tunnel's local axes.
     SLevels GetLevelsForTunnelCalcs(int tunnel, int index, const Vec2<double>& local,
                                     const double& z) const;
+    // A level at xl of L along the tunnel, (v2 - v1) xl / L + v1. Where both ends are at
+    // one level other than zero that is v1 to the bit for 0 <= xl <= L, and the division
+    // is spared.
+    static double Along(double v1, double v2, double xl, double L) {
+        return v1 == v2 && v1 != 0.0 ? v1 : (v2 - v1) * xl / L + v1;
+    }
     // The same with the plan length and stage diameter already known (metres).
     // Inline: the point loops call it for every tunnel.
     static SLevels LevelsForTunnel(const GeoTunnel& t, double L, double D,
@@ -310,10 +316,10 @@ class ZorvoData : public LodraZorvoData {
             interface = t.GetSoilInterfaceLevel2();
             ground = t.GetGroundLevel2();
         } else {
-            axis = (t.GetZCentreLine2() - t.GetZCentreLine1()) * xl / L + t.GetZCentreLine1();
-            interface = (t.GetSoilInterfaceLevel2() - t.GetSoilInterfaceLevel1()) * xl / L +
-                        t.GetSoilInterfaceLevel1();
-            ground = (t.GetGroundLevel2() - t.GetGroundLevel1()) * xl / L + t.GetGroundLevel1();
+            axis = Along(t.GetZCentreLine1(), t.GetZCentreLine2(), xl, L);
+            interface = t.GetNumLayers() == 1 ? z : Along(t.GetSoilInterfaceLevel1(),
+                                                          t.GetSoilInterfaceLevel2(), xl, L);
+            ground = Along(t.GetGroundLevel1(), t.GetGroundLevel2(), xl, L);
         }
         if (t.GetNumLayers() == 1) // one soil: the interface is at the point itself
             interface = z;
