@@ -14,6 +14,19 @@ struct Entry {
 
 // By number; messages are looked up rarely, so the table is simply searched.
 const Entry kTable[] = {
+    // Specific utilities that cannot be assessed. 95, 96 and 260 serve rail tracks too.
+    {12, L"%s %i refers to Acceptance Criteria %i.  This Acceptance Criteria is negative for %s."},
+    {93, L"%s %i refers to Displacement %s %i.  This Displacement %s has not been defined."},
+    {94, L"%s %i refers to Displacement %s %i.  You have specified that displacements are not "
+         L"to be calculated for this Displacement %s."},
+    {95, L"The start and end distances of %s %i along its %s are identical."},
+    {96, L"%s %i's start or end points are beyond the extent of %s %i."},
+    {109, L"Utility %i's pipe length is greater than its length."},
+    {194, L"%s %i refers to Acceptance Criteria %i.  This Acceptance Criteria record does not "
+          L"exist."},
+    {203, L"%s %i refers to Utility Dimension %i.  This Utility Dimension deoes not exist."},
+    {224, L"Utility %i's pipe segment length is zero."},
+    {228, L"Utility %i's pipe segemnt length is negative"},
     // Specific buildings that cannot be assessed, and one that crosses an excavation.
     {24, L"No vertical offsets input for %s building %i.\n"},
     {258, L"Building %i's settlement trough limit sensitivity is negative."},

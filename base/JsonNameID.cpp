@@ -366,6 +366,10 @@ const char* JsonName(int id) {
         return "utilityDimension";
     case jnUtilityType:
         return "utilityType";
+    case jnUtilityHorizontalMovements:
+        return "horizontalMovementResults";
+    case jnUtilityStrains:
+        return "utilityStrains";
     case jnValue:
         return "value";
     case jnUsed:

@@ -93,6 +93,8 @@ enum EJsonNameID : int {
     jnUtility = 1762,
     jnUtilityDimension = 1767,
     jnUtilityType = 1774,
+    jnUtilityHorizontalMovements = 1516,
+    jnUtilityStrains = 1644,
     // Fields of the utility records that have no number of their own.
     jnValue = 90701,
     jnUsed,

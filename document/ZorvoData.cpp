@@ -127,6 +127,7 @@ void ZorvoData::DeleteResults() {
             SetSpecificBuilding(b, building);
         }
     DeleteBuildingMovementResults(-1);
+    DeleteSpecificUtilityMovementResults(-1);
 }
 
 bool ZorvoData::ResultsExist(int stage) const {
@@ -137,6 +138,8 @@ bool ZorvoData::ResultsExist(int stage) const {
         for (const CSpecificBuilding& b : m_specificBuildings.Items())
             if (b.BuildingDamageResultsExist(stage, combined))
                 return true;
+    if (SpecificUtilityHorizontalMovementResultsExist(stage, -1))
+        return true;
     return false;
 }
 
@@ -215,6 +218,19 @@ void ZorvoData::ResizeResultsAndSetupTransects() {
         CSpecificBuilding& building = AccessSpecificBuilding(b);
         building.ResizeHorizontalMovementResults(buildingStages, points);
         building.ResizeVerticalMovementResults(buildingStages, points);
+    }
+    // Specific utilities are sized as the buildings are, to the locations of their line
+    // or displacement polyline.
+    for (int u = 1; u <= NumSpecificUtilities(); ++u) {
+        if (!ValidSpecificUtility(u, false, unused))
+            continue;
+        const CSpecificUtility& utility = GetSpecificUtility(u);
+        const int points =
+            utility.GetDisplacementDataType() == UtilityGlobal::eDisplacementPolyline
+                ? GetDisplacementPolyline(utility.GetDisplacementPolyline())
+                      .NumDisplacementLocations(true)
+                : GetDisplacementLine(utility.GetDisplacementLine()).NumDisplacementLocations(true);
+        AccessSpecificUtility(u).ResizeHorizontalMovementResults(buildingStages, points);
     }
 }
 

@@ -2,6 +2,7 @@
 
 #include "base/CNumberedList.h"
 #include "base/CStdioFile.h"
+#include "base/CTableD.h"
 #include "base/CUnit.h"
 #include "base/LodraZorvoData.h"
 #include "base/SCSVExportData.h"
@@ -235,6 +236,65 @@ class ZorvoData : public LodraZorvoData {
     void SetUtilityCalculationOptions(const CUtilityCalculationOptions& o) {
         m_utilityCalculationOptions = o;
     }
+
+    // Plan length (metres) of the whole line or displacement polyline of specific utility
+    // u (1-based), not of the utility's stretch of it. Throws std::invalid_argument
+    // "invalid displacement type" for a data type that is neither.
+    double GetSpecificUtilityPlanLength(int utility) const;
+
+    // ---- Movements along a specific utility -----------------------------------------
+    // Tables against the distance from the utility's start (metres), built from the
+    // samples of a stage slot and clipped to LineStart .. LineEnd: the first row is at 0,
+    // the last at the utility's length, the rows between at the samples beyond the start.
+    // Values in metres. A lookup outside the samples throws the table's CRange; a slot
+    // without samples gives an empty table.
+    // Parallel and perpendicular components of the horizontal movement, positive along
+    // the line from its start and to its left. Lines only: on a polyline the table is
+    // left as it was.
+    void GetParallelDisplacementsWRTSpecificUtility(int stage, int utility, CTableD& table) const;
+    void GetPerpendicularDisplacementsWRTSpecificUtility(int stage, int utility,
+                                                         CTableD& table) const;
+    // Vertical movement (settlement positive), lines and polylines.
+    void GetVerticalDisplacementsWRTSpecificUtility(int stage, int utility, CTableD& table) const;
+    // Both components; on a polyline each sample is resolved on the segment it lies in.
+    void GetParallelAndPerpendicularDisplacementsWRTSpecificUtility(int stage, int utility,
+                                                                    CTableD& parallel,
+                                                                    CTableD& perpendicular) const;
+    // Initial and displaced coordinates of the samples (metres).
+    void GetInitialAndDisplPositionsWRTUtility(int stage, int utility, CTableD& initialX,
+                                               CTableD& initialY, CTableD& initialZ,
+                                               CTableD& displacedX, CTableD& displacedY,
+                                               CTableD& displacedZ) const;
+    // Resolves row (0-based, negative from the end) of the two component tables again on
+    // segment (1-based) of a polyline utility, from the displacement that the coordinate
+    // tables give at that row; the row keeps its x. Nothing for a utility on a line.
+    void ModifyParallelAndPerpendicularDisplacementsWRTSpecificUtility_Polyline(
+        int utility, CTableD& parallel, CTableD& perpendicular, int row, int segment,
+        const CTableD& initialX, const CTableD& initialY, const CTableD& displacedX,
+        const CTableD& displacedY) const;
+    // Largest vertical movement as (x, signed value); the first of equal peaks stays.
+    // False, with peak untouched, when the table has no rows.
+    bool GetMaxVerticalDisplacementsWRTSpecificUtility(int stage, int utility,
+                                                       Vec2<double>& peak) const;
+    // Largest parallel and perpendicular movements (signed) and their x, in a slot or, with
+    // -1, slot by slot over all the document's slots: then the last slot's peaks are
+    // answered, not the largest over all. Of equal peaks the last row wins. True when any
+    // row was taken.
+    bool GetMaxParallelAndPerpendicularDisplacementsWRTUtility(int stage, int utility,
+                                                               double& parallel,
+                                                               double& parallelX,
+                                                               double& perpendicular,
+                                                               double& perpendicularX) const;
+    // Whether specific utility u (-1: any) holds samples in the slot (-1: any).
+    bool SpecificUtilityHorizontalMovementResultsExist(int stage, int utility) const;
+    // Drops the samples of every specific utility in the slot (-1: all).
+    void DeleteSpecificUtilityMovementResults(int stage);
+    // Whether specific utility u (1-based) can be assessed: its line or polyline exists
+    // and is calculated, its stretch lies on it in order, its pipe length fits, and its
+    // dimension and criteria exist with no negative factor. Without report the first
+    // fault answers false and nothing is formatted; with report each fault adds its text
+    // and the checks go on.
+    bool ValidSpecificUtility(int u, bool report, std::vector<CString>& messages) const;
 
     // Stages and stage properties.
     ZORVO_NUMBERED_FAMILY(StageProperty, StageProperties, CStageProperty, m_stageProperties)

@@ -63,6 +63,8 @@ int FamilyCount(const Data::ZorvoData& doc, long long code) {
     case 44:
     case 52:
         return doc.NumSpecificBuildings();
+    case 45:
+        return doc.NumSpecificUtilities();
     default:
         return 0;
     }

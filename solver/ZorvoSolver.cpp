@@ -163,8 +163,11 @@ void ZorvoSolver::CalcGroundMovements_All(int stage) {
     CalcGroundMovements_BuildingsSpecific(stage);
     if (m_cancelled.load(std::memory_order_relaxed))
         return;
-    // Generic buildings, specific utilities, generic utilities and rail tracks join here,
-    // each followed by the cancel test.
+    CalcGroundMovements_UtilitiesSpecific(stage);
+    if (m_cancelled.load(std::memory_order_relaxed))
+        return;
+    // Generic buildings join before the specific utilities, generic utilities and rail
+    // tracks after them, each followed by the cancel test.
     AddImportedDisplacementsToResults(stage, false, true,
                                       m_prefs->GetImportedDisplacementTolerance());
 }

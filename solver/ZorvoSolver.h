@@ -128,6 +128,9 @@ class ZorvoSolver {
     void CalcGroundMovements_DisplacementPolylines(int stage);
     void CalcGroundMovements_DisplacementGrids(int stage);
     void CalcGroundMovements_BuildingsSpecific(int stage);
+    // Copies the samples of each specific utility's line or displacement polyline at the
+    // stage onto the utility; no calculation of its own.
+    void CalcGroundMovements_UtilitiesSpecific(int stage);
     // Samples of a building's line at each vertical offset and along the line itself;
     // false when cancelled part way.
     bool SpecificBuildingMovements(int stage, int building);

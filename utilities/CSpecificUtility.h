@@ -1,6 +1,9 @@
 #pragma once
 
+#include "base/GeoDispResult.h"
 #include "utilities/CUtility.h"
+
+#include <vector>
 
 namespace Tevra::Data {
 
@@ -8,12 +11,14 @@ namespace Tevra::Data {
 // distances along it (metres from its start). Its movements are the samples of that line
 // or polyline.
 //
-// Only the inputs are held here. The result stores (horizontal movements, pullouts and
-// rotations, strains by stage) and their accessors join the class with the assessment;
-// their lists go at the end of the record, after the polyline flags, where a reader of
-// this generation passes over them.
+// Besides the inputs it holds, by stage slot, the samples of its line or polyline that the
+// solver copies onto it (the horizontal movement results). The pullout, rotation and strain
+// stores join with the assessment; their places in the record are kept as empty lists.
 class CSpecificUtility : public CUtility {
   public:
+    // Samples by [stage slot][point - 1].
+    using HorizontalMovementStore = std::vector<std::vector<GeoDispResult>>;
+
     // "Displacement Line" and "Displacement Polyline", by EDisplacementDataType.
     static const wchar_t* const DISPLACEMENT_DATA_TYPE_STRINGS[2];
 
@@ -68,6 +73,32 @@ class CSpecificUtility : public CUtility {
     // ceil((end - start) / pipe length) - 1; 10 m of 3 m pipes has 3, 9 m has 2.
     int GetNumberOfJoints() const;
 
+    // ---- Samples of the line or polyline, by stage slot ----------------------------
+    // Points are numbered from 1. Get does not test its indices: ask Exists first.
+    // Set grows the slots and the points as needed, so that the solver's threads each
+    // grow only their own utility's store.
+    bool HorizontalMovementResultExists(int stage, int point) const;
+    int NumHorizontalMovementResults(int stage) const;
+    const GeoDispResult& GetHorizontalMovementResult(int stage, int point) const {
+        return m_horizontalMovementResults[static_cast<size_t>(stage)]
+                                          [static_cast<size_t>(point - 1)];
+    }
+    // The samples of a slot; empty outside the store.
+    const std::vector<GeoDispResult>& GetHorizontalMovementResults(int stage) const;
+    const HorizontalMovementStore& GetHorizontalMovementResults() const {
+        return m_horizontalMovementResults;
+    }
+    void SetHorizontalMovementResult(int stage, int point, const GeoDispResult& result);
+    // Removes one sample; the later ones move up by one. Nothing outside the store.
+    void DeleteHorizontalMovementResult(int stage, int point);
+    // Empties a slot (-1: drops every slot).
+    void DeleteHorizontalMovementResults(int stage);
+    // Sizes the store to that many slots of that many fresh samples.
+    void ResizeHorizontalMovementResults(int stages, int points);
+    // Whether the slot holds a sample; -1 asks whether any slot does.
+    bool HorizontalMovementResultsExist(int stage) const;
+    void ClearHorizontalMovementResults() { m_horizontalMovementResults.clear(); }
+
     bool operator==(const CSpecificUtility& o) const;
     bool operator!=(const CSpecificUtility& o) const { return !(*this == o); }
 
@@ -83,6 +114,7 @@ class CSpecificUtility : public CUtility {
     int m_readVersion = m_iVer;
     bool m_polySegContinuousPullouts = true;
     bool m_polySegContinuousStrains = true;
+    HorizontalMovementStore m_horizontalMovementResults;
 };
 
 } // namespace Tevra::Data

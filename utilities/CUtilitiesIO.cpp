@@ -5,6 +5,7 @@
 // each record as one object; an enumeration as its text, flags as "YES" and "NO". In JSON
 // every field may be left out and keeps its default; in binary every field is required.
 #include "base/CDataFile.h"
+#include "base/GeoDispResultIO.h"
 #include "base/JsonNameID.h"
 #include "utilities/CAcceptanceCriteria.h"
 #include "utilities/CGenericUtility.h"
@@ -13,6 +14,7 @@
 #include "utilities/CUtilityCalculationOptions.h"
 #include "utilities/CUtilityDimension.h"
 
+#include <algorithm>
 #include <string>
 
 namespace Tevra::Data {
@@ -21,6 +23,9 @@ using namespace FileIO;
 using namespace UtilityGlobal;
 
 namespace {
+
+// Least number of bytes of a binary stage slot of samples: its count.
+constexpr size_t kStageBytes = 5;
 
 // Refuses a record generation other than the one this version lays out: the layouts of
 // the older ones are not known here, and reading one as the current layout would take
@@ -107,6 +112,24 @@ void CSpecificUtility::Write(CDataFile& f) const {
     f.WriteInt(jnDisplacementPolyline, m_displacementPolyline);
     f.WriteBool(jnPolySegContinuousPullouts, m_polySegContinuousPullouts);
     f.WriteBool(jnPolySegContinuousStrains, m_polySegContinuousStrains);
+    // The pullout and rotation results and the strains are not calculated yet: their
+    // lists stand here empty, so that the movement results keep their place behind them.
+    for (int list : {jnStageResults, jnUtilityStrains}) {
+        if (!f.IsJson())
+            f.WriteInt(list, 0);
+        f.BeginArray(list);
+        f.EndArray();
+    }
+    const size_t stages = m_horizontalMovementResults.size();
+    if (!f.IsJson())
+        f.WriteInt(jnUtilityHorizontalMovements, static_cast<int>(stages));
+    f.BeginArray(jnUtilityHorizontalMovements);
+    for (const auto& slot : m_horizontalMovementResults) {
+        f.BeginObject(jnStage);
+        WriteGeoDispResults(f, jnHorizontalMovements, slot);
+        f.EndObject();
+    }
+    f.EndArray();
     f.EndObject();
 }
 
@@ -130,6 +153,39 @@ void CSpecificUtility::Read(CDataFile& f, int generation) {
     f.ReadInt(jnDisplacementPolyline, m_displacementPolyline, required);
     f.ReadBool(jnPolySegContinuousPullouts, m_polySegContinuousPullouts, required);
     f.ReadBool(jnPolySegContinuousStrains, m_polySegContinuousStrains, required);
+    // Pullouts and strains are written empty for now; a list with rows is refused rather
+    // than misread.
+    for (int list : {jnStageResults, jnUtilityStrains}) {
+        int count = 0;
+        if (json) {
+            count = f.EnterArray(list, false);
+            if (count >= 0)
+                f.LeaveObject();
+        } else {
+            f.ReadInt(list, count);
+        }
+        if (count > 0)
+            f.Fail("a specific utility holds " + std::to_string(count) +
+                   (list == jnStageResults ? " stages of pullout results"
+                                           : " stages of strain results") +
+                   ", which this version cannot read");
+    }
+    int stages = 0;
+    if (json) {
+        stages = f.EnterArray(jnUtilityHorizontalMovements, false);
+    } else {
+        f.ReadInt(jnUtilityHorizontalMovements, stages);
+        f.CheckCount(jnUtilityHorizontalMovements, stages, kStageBytes);
+    }
+    HorizontalMovementStore movements(static_cast<size_t>(std::max(stages, 0)));
+    for (int s = 0; s < stages; ++s) {
+        f.EnterElement(s);
+        ReadGeoDispResults(f, jnHorizontalMovements, movements[static_cast<size_t>(s)]);
+        f.LeaveObject();
+    }
+    if (json && stages >= 0)
+        f.LeaveObject();
+    m_horizontalMovementResults = std::move(movements);
     f.LeaveObject();
 }
 

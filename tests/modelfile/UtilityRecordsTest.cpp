@@ -178,3 +178,29 @@ TEST(UtilityRecords, UnknownBinaryGenerationsAreRefused) {
         EXPECT_NE(message.find(c.message), std::string::npos) << message;
     }
 }
+
+// The samples a run left on a specific utility come back slot by slot, empty slots kept.
+TEST(UtilityRecords, SpecificUtilityMovementsRoundTrip) {
+    ZorvoData doc;
+    CSpecificUtility u;
+    GeoDispResult r;
+    r.SetName(L"Across");
+    r.SetPoint({1.5, -2.0, 20.0});
+    r.SetXdisplacement(0.001);
+    r.SetZdisplacement(-0.0125);
+    r.SetMajorPrincipalStrain(3e-4);
+    r.SetPointType(eLine);
+    r.SetPointGroup(2);
+    r.SetImportMatch(8);
+    u.SetHorizontalMovementResult(0, 2, r);
+    u.SetHorizontalMovementResult(2, 1, r);
+    doc.SetSpecificUtility(1, u);
+    for (auto form : {CDataFile::eJson, CDataFile::eBinary}) {
+        const ZorvoData back = RoundTrip(doc, form);
+        EXPECT_TRUE(back == doc);
+        const CSpecificUtility& b = back.GetSpecificUtility(1);
+        EXPECT_EQ(b.NumHorizontalMovementResults(0), 2);
+        EXPECT_EQ(b.NumHorizontalMovementResults(1), 0);
+        EXPECT_TRUE(b.GetHorizontalMovementResult(2, 1) == r);
+    }
+}
