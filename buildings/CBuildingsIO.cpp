@@ -5,6 +5,7 @@
 // lists as arrays (of objects, or of numbers for the strain limits and the vertical
 // offsets); a curvature as its text, flags as "YES" and "NO".
 #include "base/CDataFile.h"
+#include "base/GeoDispResultIO.h"
 #include "base/JsonNameID.h"
 #include "buildings/CBuildingDamageProperties.h"
 #include "buildings/CBuildingDamageResult.h"
@@ -27,8 +28,6 @@ constexpr size_t kOffsetBytes = 9;
 // A segment result of the first generation: four numbers, three integers (generation,
 // category, curvature) and a flag.
 constexpr size_t kResultBytes = 4 * 9 + 3 * 5 + 2;
-// A sample: its generation, nine numbers, three integers and its name.
-constexpr size_t kSampleBytes = 5 + 9 * 9 + 3 * 5 + 5;
 // An offset's list: its count.
 constexpr size_t kListBytes = 5;
 // A stage block: the counts of its four lists.
@@ -68,81 +67,9 @@ void BeginList(CDataFile& f, int name, size_t count) {
 
 // ---- Samples of the building's line ----
 
-void WriteSample(CDataFile& f, const GeoDispResult& r) {
-    f.BeginObject(jnPoint);
-    f.WriteInt(jnVersion, GeoDispResult::GetVersion());
-    f.WriteDouble(jnX, r.GetPoint().x);
-    f.WriteDouble(jnY, r.GetPoint().y);
-    f.WriteDouble(jnZ, r.GetPoint().z);
-    f.WriteDouble(jnXDisplacement, r.GetXdisplacement());
-    f.WriteDouble(jnYDisplacement, r.GetYdisplacement());
-    f.WriteDouble(jnZDisplacement, r.GetZdisplacement());
-    f.WriteDouble(jnMajorPrincipalStrain, r.GetMajorPrincipalStrain());
-    f.WriteDouble(jnMinorPrincipalStrain, r.GetMinorPrincipalStrain());
-    f.WriteDouble(jnPrincipalStrainAngle, r.GetPrincipalStrainAngle());
-    f.WriteInt(jnPointType, static_cast<int>(r.GetPointType()));
-    f.WriteInt(jnPointGroup, r.GetPointGroup());
-    f.WriteInt(jnImportMatch, r.GetImportMatch());
-    f.WriteString(jnName, r.Name());
-    f.EndObject();
-}
-
-// In JSON the caller has entered the sample's object.
-void ReadSample(CDataFile& f, GeoDispResult& r) {
-    const bool required = !f.IsJson();
-    int version = GeoDispResult::GetVersion();
-    f.ReadInt(jnVersion, version, required);
-    CheckGeneration(f, "a movement sample", version, GeoDispResult::GetVersion());
-    Vec3<double> p = r.GetPoint();
-    double v[6] = {r.GetXdisplacement(),        r.GetYdisplacement(),
-                   r.GetZdisplacement(),        r.GetMajorPrincipalStrain(),
-                   r.GetMinorPrincipalStrain(), r.GetPrincipalStrainAngle()};
-    int type = r.GetPointType(), group = r.GetPointGroup(), match = r.GetImportMatch();
-    f.ReadDouble(jnX, p.x, required);
-    f.ReadDouble(jnY, p.y, required);
-    f.ReadDouble(jnZ, p.z, required);
-    f.ReadDouble(jnXDisplacement, v[0], required);
-    f.ReadDouble(jnYDisplacement, v[1], required);
-    f.ReadDouble(jnZDisplacement, v[2], required);
-    f.ReadDouble(jnMajorPrincipalStrain, v[3], required);
-    f.ReadDouble(jnMinorPrincipalStrain, v[4], required);
-    f.ReadDouble(jnPrincipalStrainAngle, v[5], required);
-    f.ReadInt(jnPointType, type, required);
-    f.ReadInt(jnPointGroup, group, required);
-    f.ReadInt(jnImportMatch, match, required);
-    f.ReadString(jnName, r.AccessName(), required);
-    if (type < ePointTypeNone || type > ePolyline)
-        f.Fail("a movement sample has point type " + std::to_string(type) +
-               ", which is not one of 0 to 4");
-    r.SetPoint(p);
-    r.SetXdisplacement(v[0]);
-    r.SetYdisplacement(v[1]);
-    r.SetZdisplacement(v[2]);
-    r.SetMajorPrincipalStrain(v[3]);
-    r.SetMinorPrincipalStrain(v[4]);
-    r.SetPrincipalStrainAngle(v[5]);
-    r.SetPointType(static_cast<EPointType>(type));
-    r.SetPointGroup(group);
-    r.SetImportMatch(match);
-}
-
 void WriteSamples(CDataFile& f, int name, const std::vector<GeoDispResult>* samples) {
-    BeginList(f, name, samples ? samples->size() : 0);
-    if (samples)
-        for (const GeoDispResult& r : *samples)
-            WriteSample(f, r);
-    f.EndArray();
-}
-
-void ReadSamples(CDataFile& f, int name, std::vector<GeoDispResult>& samples) {
-    const int count = EnterList(f, name, kSampleBytes);
-    samples.assign(static_cast<size_t>(std::max(count, 0)), GeoDispResult());
-    for (int k = 0; k < count; ++k) {
-        f.EnterElement(k);
-        ReadSample(f, samples[static_cast<size_t>(k)]);
-        f.LeaveObject();
-    }
-    LeaveList(f, count);
+    static const std::vector<GeoDispResult> none;
+    WriteGeoDispResults(f, name, samples ? *samples : none);
 }
 
 // ---- Segment results of one stage, by offset ----
@@ -464,12 +391,12 @@ void CSpecificBuilding::Read(CDataFile& f, int generation) {
         f.EnterElement(static_cast<int>(s));
         ReadSegments(f, jnOffsetSegments, jnSegments, segments[s]);
         ReadSegments(f, jnCombinedOffsetSegments, jnBuildingDamageResult, combined[s]);
-        ReadSamples(f, jnHorizontalMovements, horizontal[s]);
+        ReadGeoDispResults(f, jnHorizontalMovements, horizontal[s]);
         const int offsets = EnterList(f, jnVerticalMovementOffsets, kListBytes);
         vertical[s].resize(static_cast<size_t>(std::max(offsets, 0)));
         for (int o = 0; o < offsets; ++o) {
             f.EnterElement(o);
-            ReadSamples(f, jnVerticalMovements, vertical[s][static_cast<size_t>(o)]);
+            ReadGeoDispResults(f, jnVerticalMovements, vertical[s][static_cast<size_t>(o)]);
             f.LeaveObject();
         }
         LeaveList(f, offsets);
