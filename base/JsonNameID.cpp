@@ -416,6 +416,54 @@ const char* JsonName(int id) {
         return "neglectBenificialContribution";
     case jnPolylineSegmentsContinuous:
         return "polylineSegmentsContinuous";
+    case jnIterations:
+        return "iterations";
+    case jnJoints:
+        return "joints";
+    case jnStrainRows:
+        return "rows";
+    case jnPulloutAxialLeft:
+        return "pulloutAxialLeft";
+    case jnPulloutAxialRight:
+        return "pulloutAxialRight";
+    case jnPulloutFlexural:
+        return "pulloutFlexural";
+    case jnRotation:
+        return "rotation";
+    case jnVerticalCurvature:
+        return "verticalCurvature";
+    case jnLocation:
+        return "location";
+    case jnDisplacementN:
+        return "displacementN";
+    case jnDisplacementNMinus:
+        return "displacementNMinus";
+    case jnDisplacementNPlus:
+        return "displacementNPlus";
+    case jnParallelN:
+        return "parallelN";
+    case jnPerpendicularN:
+        return "perpendicularN";
+    case jnParallelNMinus:
+        return "parallelNMinus";
+    case jnPerpendicularNMinus:
+        return "perpendicularNMinus";
+    case jnParallelNPlus:
+        return "parallelNPlus";
+    case jnPerpendicularNPlus:
+        return "perpendicularNPlus";
+    case jnAxialStrain:
+        return "axialStrain";
+    case jnFlexuralStrain:
+        return "flexuralStrain";
+    case jnIsOrientationAngle:
+        return "isOrientationAngle";
+    case jnOrientationAngle:
+        return "orientationAngle";
+    case jnIsRadiusofCurvature:
+        return "isRadiusofCurvature";
+    case jnRadiusofCurvature:
+        return "radiusofCurvature";
     }
     return nullptr;
 }

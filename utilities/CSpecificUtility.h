@@ -1,7 +1,10 @@
 #pragma once
 
 #include "base/GeoDispResult.h"
+#include "base/Vec2.h"
+#include "utilities/CPulloutAndRotation.h"
 #include "utilities/CUtility.h"
+#include "utilities/CUtilityStrain.h"
 
 #include <vector>
 
@@ -12,10 +15,16 @@ namespace Tevra::Data {
 // or polyline.
 //
 // Besides the inputs it holds, by stage slot, the samples of its line or polyline that the
-// solver copies onto it (the horizontal movement results). The pullout, rotation and strain
-// stores join with the assessment; their places in the record are kept as empty lists.
+// solver copies onto it (the horizontal movement results), the joint results of its
+// assessment and the strains along it.
 class CSpecificUtility : public CUtility {
   public:
+    // Joint results by [stage slot][iteration - 1][joint - 1]. Each iteration is one
+    // layout of the joints, assuming another first joint.
+    using PulloutStore = std::vector<std::vector<std::vector<CPulloutAndRotation>>>;
+    // Strain rows by [stage slot][row - 1].
+    using StrainStore = std::vector<std::vector<CUtilityStrain>>;
+
     // Samples by [stage slot][point - 1].
     using HorizontalMovementStore = std::vector<std::vector<GeoDispResult>>;
 
@@ -99,6 +108,101 @@ class CSpecificUtility : public CUtility {
     bool HorizontalMovementResultsExist(int stage) const;
     void ClearHorizontalMovementResults() { m_horizontalMovementResults.clear(); }
 
+    // ---- Joint results, by stage slot and iteration --------------------------------
+    // Iterations and joints are numbered from 1. Get does not test its indices: ask
+    // Exists first. Set grows the store as needed, new rows being default records.
+    // Whether the slot holds a joint in any iteration; -1 asks over every slot.
+    bool PulloutAndRotationsExist(int stage) const;
+    // The iteration is in range and holds a joint.
+    bool PulloutAndRotationExists(int stage, int iteration) const;
+    int NumPulloutAndRotationIterations(int stage) const;
+    int NumPulloutAndRotations(int stage, int iteration) const;
+    // Joints of every iteration of the slot.
+    int NumPulloutAndRotations(int stage) const;
+    const std::vector<CPulloutAndRotation>& GetPulloutAndRotationIteration(int stage,
+                                                                           int iteration) const {
+        return m_pulloutAndRotations[static_cast<size_t>(stage)]
+                                    [static_cast<size_t>(iteration - 1)];
+    }
+    const CPulloutAndRotation& GetPulloutAndRotation(int stage, int iteration, int k) const {
+        return GetPulloutAndRotationIteration(stage, iteration)[static_cast<size_t>(k - 1)];
+    }
+    const PulloutStore& GetPulloutAndRotations() const { return m_pulloutAndRotations; }
+    void SetPulloutAndRotationIteration(int stage, int iteration,
+                                        const std::vector<CPulloutAndRotation>& joints);
+    void SetPulloutAndRotation(int stage, int iteration, int k, const CPulloutAndRotation& r);
+    // Removes one joint of an iteration; the later ones move up. Nothing outside the store.
+    void DeletePulloutAndRotation(int stage, int iteration, int k);
+    // Removes one iteration; the later ones move up. Nothing outside the store.
+    void DeletePulloutAndRotationIteration(int stage, int iteration);
+    // 5 for an empty slot, else the generation of the first joint of the first iteration.
+    int GetPulloutAndRotationVersion(int stage) const;
+
+    // ---- Strain rows, by stage slot ------------------------------------------------
+    // Whether the slot holds a row; -1 asks over every slot.
+    bool UtilityStrainsExist(int stage) const;
+    // Rows are numbered from 1, and a row exists when its number is below the row count:
+    // the last row answers false here, a reading kept as it is given.
+    bool UtilityStrainExists(int stage, int k) const;
+    int NumUtilityStrains(int stage) const;
+    const CUtilityStrain& GetUtilityStrain(int stage, int k) const {
+        return m_utilityStrains[static_cast<size_t>(stage)][static_cast<size_t>(k - 1)];
+    }
+    // The rows of a slot; empty outside the store.
+    const std::vector<CUtilityStrain>& GetUtilityStrains(int stage) const;
+    const StrainStore& GetUtilityStrains() const { return m_utilityStrains; }
+    void SetUtilityStrain(int stage, int k, const CUtilityStrain& r);
+    // Removes one row; the later ones move up. Nothing outside the store.
+    void DeleteUtilityStrain(int stage, int k);
+    // 2 for an empty slot, else the generation of the first row.
+    int GetUtilityStrainVersion(int stage) const;
+
+    // Whether the slot holds joints, strains or movement samples; -1 asks over all slots.
+    bool ResultsExist(int stage) const;
+    // Empties the slot of all three kinds of result; -1 drops every slot.
+    void DeleteResults(int stage);
+
+    // ---- Peaks and verdicts ----------------------------------------------------------
+    // (location metres, factored rotation radians) of the joint of largest factored
+    // rotation in one iteration; the first of equal peaks wins.
+    Vec2<double> GetMaximumRotation_Factored(int stage, int iteration,
+                                             const CAcceptanceCriteria& criteria) const;
+    // (location, factored total pullout) of the largest in one iteration (metres).
+    Vec2<double> GetMaximumPullout_Factored(int stage, int iteration,
+                                            const CAcceptanceCriteria& criteria) const;
+    // The same over all iterations; (lowest double, lowest double) when there is none.
+    Vec2<double> GetMaximumRotation_Factored(int stage, const CAcceptanceCriteria& criteria) const;
+    Vec2<double> GetMaximumPullout_Factored(int stage, const CAcceptanceCriteria& criteria) const;
+    // (location, radius) of the smallest radius of curvature (metres). It starts from the
+    // first row whatever its flag and takes later flagged rows when strictly smaller;
+    // true only if such a later flagged row exists.
+    bool GetMinRAD(int stage, Vec2<double>& locationAndRadius) const;
+    // Largest total strain of the tensile fibre (microstrain) and its location (metres);
+    // true if any row is in tension.
+    bool GetMaximumTensileStrain(int stage, double& value, double& location,
+                                 const CAcceptanceCriteria& criteria, bool neglect) const;
+    // Largest magnitude of total strain of the compressive fibre (microstrain) and its
+    // location; true if any row is in compression.
+    bool GetMaximumCompressiveStrain(int stage, double& value, double& location,
+                                     const CAcceptanceCriteria& criteria, bool neglect) const;
+    // Largest and smallest joint result of a type over every iteration of the slot (all
+    // slots for -1); the lowest, and the largest, double when there is none.
+    double GetMaxPulloutOrRotationValue(int stage, UtilityGlobal::EUDResultType type,
+                                        const CAcceptanceCriteria& criteria) const;
+    double GetMinPulloutOrRotationValue(int stage, UtilityGlobal::EUDResultType type,
+                                        const CAcceptanceCriteria& criteria) const;
+    // The verdict on the joints: the factored pullout (type 6) and the factored rotation
+    // in degrees (type 8) against their threshold and limit; any other type against the
+    // allowable tensile strain.
+    UtilityGlobal::EDamageCategory
+    GetPulloutOrRotationCategory(int stage, UtilityGlobal::EUDResultType type,
+                                 const CAcceptanceCriteria& criteria) const;
+    // The verdict on the strains: factored total tension (type 5) and compression (type 7)
+    // against their limits, the least radius (type 8) against its threshold and limit.
+    UtilityGlobal::EDamageCategory GetStrainCategory(int stage, UtilityGlobal::EStrainType type,
+                                                     const CAcceptanceCriteria& criteria,
+                                                     bool neglect) const;
+
     bool operator==(const CSpecificUtility& o) const;
     bool operator!=(const CSpecificUtility& o) const { return !(*this == o); }
 
@@ -115,6 +219,8 @@ class CSpecificUtility : public CUtility {
     bool m_polySegContinuousPullouts = true;
     bool m_polySegContinuousStrains = true;
     HorizontalMovementStore m_horizontalMovementResults;
+    PulloutStore m_pulloutAndRotations;
+    StrainStore m_utilityStrains;
 };
 
 } // namespace Tevra::Data

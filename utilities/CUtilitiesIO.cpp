@@ -9,10 +9,12 @@
 #include "base/JsonNameID.h"
 #include "utilities/CAcceptanceCriteria.h"
 #include "utilities/CGenericUtility.h"
+#include "utilities/CPulloutAndRotation.h"
 #include "utilities/CSpecificUtility.h"
 #include "utilities/CUtility.h"
 #include "utilities/CUtilityCalculationOptions.h"
 #include "utilities/CUtilityDimension.h"
+#include "utilities/CUtilityStrain.h"
 
 #include <algorithm>
 #include <string>
@@ -24,8 +26,15 @@ using namespace UtilityGlobal;
 
 namespace {
 
-// Least number of bytes of a binary stage slot of samples: its count.
+// Least number of bytes of a binary stage slot of samples: its count. The same holds for
+// a slot of joint results or of strain rows, and for an iteration of joints.
 constexpr size_t kStageBytes = 5;
+// Least number of bytes of a binary joint result: its generation, five tagged doubles,
+// the curvature, three tagged lists of three doubles and six tagged doubles.
+constexpr size_t kJointBytes = 5 + 5 * 9 + 5 + 3 * (5 + 3 * 8) + 6 * 9;
+// Least number of bytes of a binary strain row: its generation, five tagged doubles and
+// two tagged flags.
+constexpr size_t kStrainRowBytes = 5 + 5 * 9 + 2 * 2;
 
 // Refuses a record generation other than the one this version lays out: the layouts of
 // the older ones are not known here, and reading one as the current layout would take
@@ -53,7 +62,141 @@ void ReadCriterion(CDataFile& f, int name, double& value, bool& used) {
     f.LeaveObject();
 }
 
+void WriteDisplacement(CDataFile& f, int name, const Vec3<double>& d) {
+    f.WriteDoubleArray(name, {d.x, d.y, d.z});
+}
+
+void ReadDisplacement(CDataFile& f, int name, Vec3<double>& d) {
+    std::vector<double> v{d.x, d.y, d.z};
+    if (!f.ReadDoubleArray(name, v, !f.IsJson()))
+        return;
+    if (v.size() != 3)
+        f.Fail("a joint's displacement holds " + std::to_string(v.size()) +
+               " numbers where it should hold 3");
+    d = Vec3<double>(v[0], v[1], v[2]);
+}
+
+// A count read from the file: in binary by its own field, checked against what is left
+// of the record before anything is sized by it; in JSON the length of the list, -1 when
+// the optional list is absent.
+int EnterCount(CDataFile& f, int name, size_t bytesEach) {
+    if (f.IsJson())
+        return f.EnterArray(name, false);
+    int count = 0;
+    f.ReadInt(name, count);
+    f.CheckCount(name, count, bytesEach);
+    return count;
+}
+
+void LeaveCount(CDataFile& f, int count) {
+    if (f.IsJson() && count >= 0)
+        f.LeaveObject();
+}
+
+void BeginCount(CDataFile& f, int name, size_t count) {
+    if (!f.IsJson())
+        f.WriteInt(name, static_cast<int>(count));
+    f.BeginArray(name);
+}
+
 } // namespace
+
+// ---- CPulloutAndRotation ----------------------------------------------------------------
+
+void CPulloutAndRotation::Write(CDataFile& f) const {
+    f.BeginObject(jnJoints);
+    f.WriteInt(jnVersion, m_iVer);
+    f.WriteDouble(jnPulloutAxialLeft, m_pulloutAxialLeft);
+    f.WriteDouble(jnPulloutAxialRight, m_pulloutAxialRight);
+    f.WriteDouble(jnPulloutFlexural, m_pulloutFlexural);
+    f.WriteDouble(jnRotation, m_rotation);
+    f.WriteInt(jnVerticalCurvature, m_verticalCurvature);
+    const CUtilityLocationInfo& i = m_locationInfo;
+    f.WriteDouble(jnLocation, i.GetLocation());
+    WriteDisplacement(f, jnDisplacementN, i.GetDisplacementN());
+    WriteDisplacement(f, jnDisplacementNMinus, i.GetDisplacementNMinus());
+    WriteDisplacement(f, jnDisplacementNPlus, i.GetDisplacementNPlus());
+    f.WriteDouble(jnParallelN, i.GetParallelN());
+    f.WriteDouble(jnPerpendicularN, i.GetPerpendicularN());
+    f.WriteDouble(jnParallelNMinus, i.GetParallelNMinus());
+    f.WriteDouble(jnPerpendicularNMinus, i.GetPerpendicularNMinus());
+    f.WriteDouble(jnParallelNPlus, i.GetParallelNPlus());
+    f.WriteDouble(jnPerpendicularNPlus, i.GetPerpendicularNPlus());
+    f.EndObject();
+}
+
+void CPulloutAndRotation::Read(CDataFile& f) {
+    const bool required = !f.IsJson();
+    int version = m_iVer;
+    f.ReadInt(jnVersion, version, required);
+    CheckGeneration(f, "a joint result", version, m_iVer);
+    m_readVersion = version;
+    f.ReadDouble(jnPulloutAxialLeft, m_pulloutAxialLeft, required);
+    f.ReadDouble(jnPulloutAxialRight, m_pulloutAxialRight, required);
+    f.ReadDouble(jnPulloutFlexural, m_pulloutFlexural, required);
+    f.ReadDouble(jnRotation, m_rotation, required);
+    int curvature = m_verticalCurvature;
+    f.ReadInt(jnVerticalCurvature, curvature, required);
+    if (curvature < GeoGlobal::eHogging || curvature > GeoGlobal::eNoCurvature)
+        f.Fail("a joint result has curvature " + std::to_string(curvature) +
+               ", which is not one of 0 to 2");
+    m_verticalCurvature = static_cast<GeoGlobal::ECurvature>(curvature);
+    CUtilityLocationInfo& i = m_locationInfo;
+    double v = i.GetLocation();
+    f.ReadDouble(jnLocation, v, required);
+    i.SetLocation(v);
+    Vec3<double> d = i.GetDisplacementN();
+    ReadDisplacement(f, jnDisplacementN, d);
+    i.SetDisplacementN(d);
+    d = i.GetDisplacementNMinus();
+    ReadDisplacement(f, jnDisplacementNMinus, d);
+    i.SetDisplacementNMinus(d);
+    d = i.GetDisplacementNPlus();
+    ReadDisplacement(f, jnDisplacementNPlus, d);
+    i.SetDisplacementNPlus(d);
+    double side[6] = {i.GetParallelN(),           i.GetPerpendicularN(), i.GetParallelNMinus(),
+                      i.GetPerpendicularNMinus(), i.GetParallelNPlus(),  i.GetPerpendicularNPlus()};
+    const int names[6] = {jnParallelN,           jnPerpendicularN, jnParallelNMinus,
+                          jnPerpendicularNMinus, jnParallelNPlus,  jnPerpendicularNPlus};
+    for (int k = 0; k < 6; ++k)
+        f.ReadDouble(names[k], side[k], required);
+    i.SetParallelN(side[0]);
+    i.SetPerpendicularN(side[1]);
+    i.SetParallelNMinus(side[2]);
+    i.SetPerpendicularNMinus(side[3]);
+    i.SetParallelNPlus(side[4]);
+    i.SetPerpendicularNPlus(side[5]);
+}
+
+// ---- CUtilityStrain ---------------------------------------------------------------------
+
+void CUtilityStrain::Write(CDataFile& f) const {
+    f.BeginObject(jnStrainRows);
+    f.WriteInt(jnVersion, m_iVer);
+    f.WriteDouble(jnLocation, m_location);
+    f.WriteDouble(jnAxialStrain, m_axialStrain);
+    f.WriteDouble(jnFlexuralStrain, m_flexuralStrain);
+    f.WriteBool(jnIsOrientationAngle, m_isOrientationAngle);
+    f.WriteDouble(jnOrientationAngle, m_orientationAngle);
+    f.WriteBool(jnIsRadiusofCurvature, m_isRadiusofCurvature);
+    f.WriteDouble(jnRadiusofCurvature, m_radiusofCurvature);
+    f.EndObject();
+}
+
+void CUtilityStrain::Read(CDataFile& f) {
+    const bool required = !f.IsJson();
+    int version = m_iVer;
+    f.ReadInt(jnVersion, version, required);
+    CheckGeneration(f, "a strain row", version, m_iVer);
+    m_readVersion = version;
+    f.ReadDouble(jnLocation, m_location, required);
+    f.ReadDouble(jnAxialStrain, m_axialStrain, required);
+    f.ReadDouble(jnFlexuralStrain, m_flexuralStrain, required);
+    f.ReadBool(jnIsOrientationAngle, m_isOrientationAngle, required);
+    f.ReadDouble(jnOrientationAngle, m_orientationAngle, required);
+    f.ReadBool(jnIsRadiusofCurvature, m_isRadiusofCurvature, required);
+    f.ReadDouble(jnRadiusofCurvature, m_radiusofCurvature, required);
+}
 
 // ---- CUtility --------------------------------------------------------------------------
 
@@ -112,14 +255,34 @@ void CSpecificUtility::Write(CDataFile& f) const {
     f.WriteInt(jnDisplacementPolyline, m_displacementPolyline);
     f.WriteBool(jnPolySegContinuousPullouts, m_polySegContinuousPullouts);
     f.WriteBool(jnPolySegContinuousStrains, m_polySegContinuousStrains);
-    // The pullout and rotation results and the strains are not calculated yet: their
-    // lists stand here empty, so that the movement results keep their place behind them.
-    for (int list : {jnStageResults, jnUtilityStrains}) {
-        if (!f.IsJson())
-            f.WriteInt(list, 0);
-        f.BeginArray(list);
+    // Joint results: slots, each a list of iterations, each a list of joints.
+    BeginCount(f, jnStageResults, m_pulloutAndRotations.size());
+    for (const auto& slot : m_pulloutAndRotations) {
+        f.BeginObject(jnStage);
+        BeginCount(f, jnIterations, slot.size());
+        for (const auto& joints : slot) {
+            f.BeginObject(jnIterations);
+            BeginCount(f, jnJoints, joints.size());
+            for (const CPulloutAndRotation& r : joints)
+                r.Write(f);
+            f.EndArray();
+            f.EndObject();
+        }
         f.EndArray();
+        f.EndObject();
     }
+    f.EndArray();
+    // Strain rows: slots, each a list of rows.
+    BeginCount(f, jnUtilityStrains, m_utilityStrains.size());
+    for (const auto& rows : m_utilityStrains) {
+        f.BeginObject(jnStage);
+        BeginCount(f, jnStrainRows, rows.size());
+        for (const CUtilityStrain& r : rows)
+            r.Write(f);
+        f.EndArray();
+        f.EndObject();
+    }
+    f.EndArray();
     const size_t stages = m_horizontalMovementResults.size();
     if (!f.IsJson())
         f.WriteInt(jnUtilityHorizontalMovements, static_cast<int>(stages));
@@ -153,23 +316,47 @@ void CSpecificUtility::Read(CDataFile& f, int generation) {
     f.ReadInt(jnDisplacementPolyline, m_displacementPolyline, required);
     f.ReadBool(jnPolySegContinuousPullouts, m_polySegContinuousPullouts, required);
     f.ReadBool(jnPolySegContinuousStrains, m_polySegContinuousStrains, required);
-    // Pullouts and strains are written empty for now; a list with rows is refused rather
-    // than misread.
-    for (int list : {jnStageResults, jnUtilityStrains}) {
-        int count = 0;
-        if (json) {
-            count = f.EnterArray(list, false);
-            if (count >= 0)
+    // Every count is checked against the bytes left before its list is sized.
+    const int pulloutSlots = EnterCount(f, jnStageResults, kStageBytes);
+    PulloutStore pullouts(static_cast<size_t>(std::max(pulloutSlots, 0)));
+    for (int s = 0; s < pulloutSlots; ++s) {
+        f.EnterElement(s);
+        auto& slot = pullouts[static_cast<size_t>(s)];
+        const int iterations = EnterCount(f, jnIterations, kStageBytes);
+        slot.resize(static_cast<size_t>(std::max(iterations, 0)));
+        for (int it = 0; it < iterations; ++it) {
+            f.EnterElement(it);
+            auto& joints = slot[static_cast<size_t>(it)];
+            const int n = EnterCount(f, jnJoints, kJointBytes);
+            joints.resize(static_cast<size_t>(std::max(n, 0)));
+            for (int k = 0; k < n; ++k) {
+                f.EnterElement(k);
+                joints[static_cast<size_t>(k)].Read(f);
                 f.LeaveObject();
-        } else {
-            f.ReadInt(list, count);
+            }
+            LeaveCount(f, n);
+            f.LeaveObject();
         }
-        if (count > 0)
-            f.Fail("a specific utility holds " + std::to_string(count) +
-                   (list == jnStageResults ? " stages of pullout results"
-                                           : " stages of strain results") +
-                   ", which this version cannot read");
+        LeaveCount(f, iterations);
+        f.LeaveObject();
     }
+    LeaveCount(f, pulloutSlots);
+    const int strainSlots = EnterCount(f, jnUtilityStrains, kStageBytes);
+    StrainStore strains(static_cast<size_t>(std::max(strainSlots, 0)));
+    for (int s = 0; s < strainSlots; ++s) {
+        f.EnterElement(s);
+        auto& rows = strains[static_cast<size_t>(s)];
+        const int n = EnterCount(f, jnStrainRows, kStrainRowBytes);
+        rows.resize(static_cast<size_t>(std::max(n, 0)));
+        for (int k = 0; k < n; ++k) {
+            f.EnterElement(k);
+            rows[static_cast<size_t>(k)].Read(f);
+            f.LeaveObject();
+        }
+        LeaveCount(f, n);
+        f.LeaveObject();
+    }
+    LeaveCount(f, strainSlots);
     int stages = 0;
     if (json) {
         stages = f.EnterArray(jnUtilityHorizontalMovements, false);
@@ -186,6 +373,8 @@ void CSpecificUtility::Read(CDataFile& f, int generation) {
     if (json && stages >= 0)
         f.LeaveObject();
     m_horizontalMovementResults = std::move(movements);
+    m_pulloutAndRotations = std::move(pullouts);
+    m_utilityStrains = std::move(strains);
     f.LeaveObject();
 }
 

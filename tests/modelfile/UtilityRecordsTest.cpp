@@ -6,7 +6,9 @@
 
 #include <gtest/gtest.h>
 
+#include <cmath>
 #include <functional>
+#include <limits>
 
 using namespace Tevra;
 using namespace Tevra::Data;
@@ -203,4 +205,71 @@ TEST(UtilityRecords, SpecificUtilityMovementsRoundTrip) {
         EXPECT_EQ(b.NumHorizontalMovementResults(1), 0);
         EXPECT_TRUE(b.GetHorizontalMovementResult(2, 1) == r);
     }
+}
+
+// Joint results and strain rows come back to the bit in both forms, not-a-numbers and
+// infinities included, with empty iterations and slots kept in place.
+TEST(UtilityRecords, SpecificUtilityJointsAndStrainsRoundTripToTheBit) {
+    const double inf = std::numeric_limits<double>::infinity();
+    ZorvoData doc;
+    CSpecificUtility u;
+    CPulloutAndRotation joint;
+    joint.SetPullout_Axial_Left(-0.0);
+    joint.SetPullout_Axial_Right(1.0 / 3.0);
+    joint.SetPullout_Flexural(2.5e-7);
+    joint.SetRotation(-inf);
+    joint.SetVerticalCurvature(GeoGlobal::eSagging);
+    CUtilityLocationInfo info;
+    info.SetLocation(12.125);
+    info.SetDisplacementNPlus({0.1, -0.2, inf});
+    info.SetPerpendicularNPlus(std::nan(""));
+    joint.SetLocationInfo(info);
+    u.SetPulloutAndRotation(1, 2, 1, joint);
+    CUtilityStrain row;
+    row.SetLocation(3.0);
+    row.SetAxialStrain(-1.0 / 7.0);
+    row.SetIsOrientationAngle(false);
+    row.SetOrientationAngle(std::nan(""));
+    row.SetIsRadiusofCurvature(false);
+    row.SetRadiusofCurvature(inf);
+    u.SetUtilityStrain(0, 2, row);
+    doc.SetSpecificUtility(1, u);
+    for (auto form : {CDataFile::eJson, CDataFile::eBinary}) {
+        const ZorvoData back = RoundTrip(doc, form);
+        EXPECT_TRUE(back == doc);
+        const CSpecificUtility& b = back.GetSpecificUtility(1);
+        EXPECT_EQ(b.NumPulloutAndRotationIterations(0), 0);
+        EXPECT_EQ(b.NumPulloutAndRotationIterations(1), 2);
+        const CPulloutAndRotation& j = b.GetPulloutAndRotation(1, 2, 1);
+        EXPECT_TRUE(std::signbit(j.GetPullout_Axial_Left()));
+        EXPECT_EQ(j.GetPullout_Axial_Right(), 1.0 / 3.0);
+        EXPECT_EQ(j.GetRotation(), -inf);
+        EXPECT_TRUE(std::isnan(j.GetLocationInfo().GetDisplacementN().y));
+        EXPECT_TRUE(std::isnan(j.GetLocationInfo().GetPerpendicularNPlus()));
+        EXPECT_EQ(b.NumUtilityStrains(0), 2);
+        EXPECT_EQ(b.GetUtilityStrain(0, 2).GetRadiusofCurvature(), inf);
+        EXPECT_FALSE(b.GetUtilityStrain(0, 2).GetIsOrientationAngle());
+    }
+}
+
+// A count of joint slots that the record cannot hold is refused before anything is sized.
+TEST(UtilityRecords, JointSlotCountBeyondTheRecordIsRefused) {
+    const CSpecificUtility u;
+    const std::string bytes = OneModule(L"Specific Utilities", 202180, 15, [&](CDataFile& f) {
+        u.CUtility::Write(f);
+        f.WriteInt(jnVersion, 15);
+        f.WriteString(jnSubUtilityName, L"Sub");
+        f.WriteInt(jnLine, 1);
+        f.WriteDouble(jnLineStart, 0.0);
+        f.WriteDouble(jnLineEnd, 10.0);
+        f.WriteInt(jnDisplacementDataType, 0);
+        f.WriteInt(jnDisplacementPolyline, 1);
+        f.WriteBool(jnPolySegContinuousPullouts, true);
+        f.WriteBool(jnPolySegContinuousStrains, true);
+        f.WriteInt(jnStageResults, 2000000000);
+    });
+    const std::string message = ReadError(bytes, "u.zorvo");
+    EXPECT_NE(message.find("field 'stageResults' counts 2000000000 elements, more than the"),
+              std::string::npos)
+        << message;
 }
