@@ -1,5 +1,6 @@
 #include "GeoDispResultIO.h"
 
+#include "DataFileLists.h"
 #include "JsonNameID.h"
 
 #include <algorithm>
@@ -78,30 +79,21 @@ void ReadGeoDispResult(CDataFile& f, GeoDispResult& r) {
 }
 
 void WriteGeoDispResults(CDataFile& f, int name, const std::vector<GeoDispResult>& samples) {
-    if (!f.IsJson())
-        f.WriteInt(name, static_cast<int>(samples.size()));
-    f.BeginArray(name);
+    BeginList(f, name, samples.size());
     for (const GeoDispResult& r : samples)
         WriteGeoDispResult(f, r);
     f.EndArray();
 }
 
 void ReadGeoDispResults(CDataFile& f, int name, std::vector<GeoDispResult>& samples) {
-    int count = 0;
-    if (f.IsJson()) {
-        count = f.EnterArray(name, false);
-    } else {
-        f.ReadInt(name, count);
-        f.CheckCount(name, count, kSampleBytes);
-    }
+    const int count = EnterList(f, name, kSampleBytes);
     samples.assign(static_cast<size_t>(std::max(count, 0)), GeoDispResult());
     for (int k = 0; k < count; ++k) {
         f.EnterElement(k);
         ReadGeoDispResult(f, samples[static_cast<size_t>(k)]);
         f.LeaveObject();
     }
-    if (f.IsJson() && count >= 0)
-        f.LeaveObject();
+    LeaveList(f, count);
 }
 
 } // namespace Tevra::FileIO

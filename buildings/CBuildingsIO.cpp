@@ -5,6 +5,7 @@
 // lists as arrays (of objects, or of numbers for the strain limits and the vertical
 // offsets); a curvature as its text, flags as "YES" and "NO".
 #include "base/CDataFile.h"
+#include "base/DataFileLists.h"
 #include "base/GeoDispResultIO.h"
 #include "base/JsonNameID.h"
 #include "buildings/CBuildingDamageProperties.h"
@@ -39,30 +40,6 @@ void CheckGeneration(const CDataFile& f, const char* what, int generation, int n
     if (generation < 1 || generation > newest)
         f.Fail(std::string(what) + " of generation " + std::to_string(generation) +
                ", which this version reads only from 1 to " + std::to_string(newest));
-}
-
-// A count of a binary list, checked against the record before any element is made;
-// in JSON the array is entered and its length answered, -1 when it is absent.
-int EnterList(CDataFile& f, int name, size_t bytesEach) {
-    if (f.IsJson())
-        return f.EnterArray(name, false);
-    int count = 0;
-    f.ReadInt(name, count);
-    f.CheckCount(name, count, bytesEach);
-    return count;
-}
-
-// Closes a list that EnterList opened.
-void LeaveList(CDataFile& f, int count) {
-    if (f.IsJson() && count >= 0)
-        f.LeaveObject();
-}
-
-// The count of a binary list (JSON arrays carry their own), and the array.
-void BeginList(CDataFile& f, int name, size_t count) {
-    if (!f.IsJson())
-        f.WriteInt(name, static_cast<int>(count));
-    f.BeginArray(name);
 }
 
 // ---- Samples of the building's line ----

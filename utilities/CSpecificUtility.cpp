@@ -249,57 +249,67 @@ void CSpecificUtility::DeleteResults(int stage) {
 
 // ---- Peaks and verdicts ------------------------------------------------------------------
 
-Vec2<double>
-CSpecificUtility::GetMaximumRotation_Factored(int stage, int iteration,
-                                              const CAcceptanceCriteria& criteria) const {
+namespace {
+
+// The largest factored value over the joints of an iteration, with its location; the first
+// joint stands until a larger one comes.
+template <class Value>
+Vec2<double> PeakOverJoints(const CSpecificUtility& u, int stage, int iteration, Value value) {
     Vec2<double> peak(kLowest, kLowest);
-    for (int k = 1; k <= NumPulloutAndRotations(stage, iteration); ++k) {
-        const CPulloutAndRotation& r = GetPulloutAndRotation(stage, iteration, k);
-        const double v = r.GetRotation_Factored(criteria);
+    for (int k = 1; k <= u.NumPulloutAndRotations(stage, iteration); ++k) {
+        const CPulloutAndRotation& r = u.GetPulloutAndRotation(stage, iteration, k);
+        const double v = value(r);
         if (k == 1 || v > peak.y)
             peak = Vec2<double>(r.GetLocation(), v);
     }
     return peak;
+}
+
+// The largest of the iterations' peaks; iterations without joints take no part.
+template <class Peak>
+Vec2<double> PeakOverIterations(const CSpecificUtility& u, int stage, Peak peakOf) {
+    Vec2<double> peak(kLowest, kLowest);
+    for (int it = 1; it <= u.NumPulloutAndRotationIterations(stage); ++it) {
+        if (u.NumPulloutAndRotations(stage, it) == 0)
+            continue;
+        const Vec2<double> p = peakOf(it);
+        if (it == 1 || p.y > peak.y)
+            peak = p;
+    }
+    return peak;
+}
+
+} // namespace
+
+Vec2<double>
+CSpecificUtility::GetMaximumRotation_Factored(int stage, int iteration,
+                                              const CAcceptanceCriteria& criteria) const {
+    return PeakOverJoints(*this, stage, iteration, [&criteria](const CPulloutAndRotation& r) {
+        return r.GetRotation_Factored(criteria);
+    });
 }
 
 Vec2<double>
 CSpecificUtility::GetMaximumPullout_Factored(int stage, int iteration,
                                              const CAcceptanceCriteria& criteria) const {
-    Vec2<double> peak(kLowest, kLowest);
-    for (int k = 1; k <= NumPulloutAndRotations(stage, iteration); ++k) {
-        const CPulloutAndRotation& r = GetPulloutAndRotation(stage, iteration, k);
-        const double v = r.GetPulloutTotal_Factored(criteria);
-        if (k == 1 || v > peak.y)
-            peak = Vec2<double>(r.GetLocation(), v);
-    }
-    return peak;
+    return PeakOverJoints(*this, stage, iteration, [&criteria](const CPulloutAndRotation& r) {
+        return r.GetPulloutTotal_Factored(criteria);
+    });
 }
 
 Vec2<double>
 CSpecificUtility::GetMaximumRotation_Factored(int stage,
                                               const CAcceptanceCriteria& criteria) const {
-    Vec2<double> peak(kLowest, kLowest);
-    for (int it = 1; it <= NumPulloutAndRotationIterations(stage); ++it) {
-        if (NumPulloutAndRotations(stage, it) == 0)
-            continue;
-        const Vec2<double> p = GetMaximumRotation_Factored(stage, it, criteria);
-        if (it == 1 || p.y > peak.y)
-            peak = p;
-    }
-    return peak;
+    return PeakOverIterations(*this, stage, [&](int it) {
+        return GetMaximumRotation_Factored(stage, it, criteria);
+    });
 }
 
 Vec2<double>
 CSpecificUtility::GetMaximumPullout_Factored(int stage, const CAcceptanceCriteria& criteria) const {
-    Vec2<double> peak(kLowest, kLowest);
-    for (int it = 1; it <= NumPulloutAndRotationIterations(stage); ++it) {
-        if (NumPulloutAndRotations(stage, it) == 0)
-            continue;
-        const Vec2<double> p = GetMaximumPullout_Factored(stage, it, criteria);
-        if (it == 1 || p.y > peak.y)
-            peak = p;
-    }
-    return peak;
+    return PeakOverIterations(*this, stage, [&](int it) {
+        return GetMaximumPullout_Factored(stage, it, criteria);
+    });
 }
 
 bool CSpecificUtility::GetMinRAD(int stage, Vec2<double>& locationAndRadius) const {

@@ -5,6 +5,7 @@
 // each record as one object; an enumeration as its text, flags as "YES" and "NO". In JSON
 // every field may be left out and keeps its default; in binary every field is required.
 #include "base/CDataFile.h"
+#include "base/DataFileLists.h"
 #include "base/GeoDispResultIO.h"
 #include "base/JsonNameID.h"
 #include "utilities/CAcceptanceCriteria.h"
@@ -74,29 +75,6 @@ void ReadDisplacement(CDataFile& f, int name, Vec3<double>& d) {
         f.Fail("a joint's displacement holds " + std::to_string(v.size()) +
                " numbers where it should hold 3");
     d = Vec3<double>(v[0], v[1], v[2]);
-}
-
-// A count read from the file: in binary by its own field, checked against what is left
-// of the record before anything is sized by it; in JSON the length of the list, -1 when
-// the optional list is absent.
-int EnterCount(CDataFile& f, int name, size_t bytesEach) {
-    if (f.IsJson())
-        return f.EnterArray(name, false);
-    int count = 0;
-    f.ReadInt(name, count);
-    f.CheckCount(name, count, bytesEach);
-    return count;
-}
-
-void LeaveCount(CDataFile& f, int count) {
-    if (f.IsJson() && count >= 0)
-        f.LeaveObject();
-}
-
-void BeginCount(CDataFile& f, int name, size_t count) {
-    if (!f.IsJson())
-        f.WriteInt(name, static_cast<int>(count));
-    f.BeginArray(name);
 }
 
 } // namespace
@@ -256,13 +234,13 @@ void CSpecificUtility::Write(CDataFile& f) const {
     f.WriteBool(jnPolySegContinuousPullouts, m_polySegContinuousPullouts);
     f.WriteBool(jnPolySegContinuousStrains, m_polySegContinuousStrains);
     // Joint results: slots, each a list of iterations, each a list of joints.
-    BeginCount(f, jnStageResults, m_pulloutAndRotations.size());
+    BeginList(f, jnStageResults, m_pulloutAndRotations.size());
     for (const auto& slot : m_pulloutAndRotations) {
         f.BeginObject(jnStage);
-        BeginCount(f, jnIterations, slot.size());
+        BeginList(f, jnIterations, slot.size());
         for (const auto& joints : slot) {
             f.BeginObject(jnIterations);
-            BeginCount(f, jnJoints, joints.size());
+            BeginList(f, jnJoints, joints.size());
             for (const CPulloutAndRotation& r : joints)
                 r.Write(f);
             f.EndArray();
@@ -273,10 +251,10 @@ void CSpecificUtility::Write(CDataFile& f) const {
     }
     f.EndArray();
     // Strain rows: slots, each a list of rows.
-    BeginCount(f, jnUtilityStrains, m_utilityStrains.size());
+    BeginList(f, jnUtilityStrains, m_utilityStrains.size());
     for (const auto& rows : m_utilityStrains) {
         f.BeginObject(jnStage);
-        BeginCount(f, jnStrainRows, rows.size());
+        BeginList(f, jnStrainRows, rows.size());
         for (const CUtilityStrain& r : rows)
             r.Write(f);
         f.EndArray();
@@ -317,46 +295,46 @@ void CSpecificUtility::Read(CDataFile& f, int generation) {
     f.ReadBool(jnPolySegContinuousPullouts, m_polySegContinuousPullouts, required);
     f.ReadBool(jnPolySegContinuousStrains, m_polySegContinuousStrains, required);
     // Every count is checked against the bytes left before its list is sized.
-    const int pulloutSlots = EnterCount(f, jnStageResults, kStageBytes);
+    const int pulloutSlots = EnterList(f, jnStageResults, kStageBytes);
     PulloutStore pullouts(static_cast<size_t>(std::max(pulloutSlots, 0)));
     for (int s = 0; s < pulloutSlots; ++s) {
         f.EnterElement(s);
         auto& slot = pullouts[static_cast<size_t>(s)];
-        const int iterations = EnterCount(f, jnIterations, kStageBytes);
+        const int iterations = EnterList(f, jnIterations, kStageBytes);
         slot.resize(static_cast<size_t>(std::max(iterations, 0)));
         for (int it = 0; it < iterations; ++it) {
             f.EnterElement(it);
             auto& joints = slot[static_cast<size_t>(it)];
-            const int n = EnterCount(f, jnJoints, kJointBytes);
+            const int n = EnterList(f, jnJoints, kJointBytes);
             joints.resize(static_cast<size_t>(std::max(n, 0)));
             for (int k = 0; k < n; ++k) {
                 f.EnterElement(k);
                 joints[static_cast<size_t>(k)].Read(f);
                 f.LeaveObject();
             }
-            LeaveCount(f, n);
+            LeaveList(f, n);
             f.LeaveObject();
         }
-        LeaveCount(f, iterations);
+        LeaveList(f, iterations);
         f.LeaveObject();
     }
-    LeaveCount(f, pulloutSlots);
-    const int strainSlots = EnterCount(f, jnUtilityStrains, kStageBytes);
+    LeaveList(f, pulloutSlots);
+    const int strainSlots = EnterList(f, jnUtilityStrains, kStageBytes);
     StrainStore strains(static_cast<size_t>(std::max(strainSlots, 0)));
     for (int s = 0; s < strainSlots; ++s) {
         f.EnterElement(s);
         auto& rows = strains[static_cast<size_t>(s)];
-        const int n = EnterCount(f, jnStrainRows, kStrainRowBytes);
+        const int n = EnterList(f, jnStrainRows, kStrainRowBytes);
         rows.resize(static_cast<size_t>(std::max(n, 0)));
         for (int k = 0; k < n; ++k) {
             f.EnterElement(k);
             rows[static_cast<size_t>(k)].Read(f);
             f.LeaveObject();
         }
-        LeaveCount(f, n);
+        LeaveList(f, n);
         f.LeaveObject();
     }
-    LeaveCount(f, strainSlots);
+    LeaveList(f, strainSlots);
     int stages = 0;
     if (json) {
         stages = f.EnterArray(jnUtilityHorizontalMovements, false);
