@@ -127,6 +127,7 @@ void ZorvoData::DeleteResults() {
             SetSpecificBuilding(b, building);
         }
     DeleteBuildingMovementResults(-1);
+    DeleteSpecificPulloutAndRotations(-1);
     DeleteSpecificUtilityMovementResults(-1);
 }
 
@@ -139,6 +140,10 @@ bool ZorvoData::ResultsExist(int stage) const {
             if (b.BuildingDamageResultsExist(stage, combined))
                 return true;
     if (SpecificUtilityHorizontalMovementResultsExist(stage, -1))
+        return true;
+    if (SpecificUtilityPulloutAndRotationsExist(stage, -1))
+        return true;
+    if (SpecificUtilityStrainsExist(stage, -1))
         return true;
     return false;
 }

@@ -289,6 +289,18 @@ class ZorvoData : public LodraZorvoData {
     bool SpecificUtilityHorizontalMovementResultsExist(int stage, int utility) const;
     // Drops the samples of every specific utility in the slot (-1: all).
     void DeleteSpecificUtilityMovementResults(int stage);
+    // Joints over every iteration, and strain rows, of specific utility u (-1: all) in
+    // the slot (-1: all).
+    int NumSpecificUtilityPulloutAndRotations(int stage, int utility) const;
+    int NumSpecificUtilityStrains(int stage, int utility) const;
+    // Whether specific utility u (-1: any) holds joints, strain rows, or any result
+    // (samples included) in the slot (-1: any).
+    bool SpecificUtilityPulloutAndRotationsExist(int stage, int utility) const;
+    bool SpecificUtilityStrainsExist(int stage, int utility) const;
+    bool SpecificUtilityResultsExist(int stage, int utility) const;
+    // Drops the assessment results, joints and strains, of every specific utility in the
+    // slot (-1: all); the samples stay.
+    void DeleteSpecificPulloutAndRotations(int stage);
     // Whether specific utility u (1-based) can be assessed: its line or polyline exists
     // and is calculated, its stretch lies on it in order, its pipe length fits, and its
     // dimension and criteria exist with no negative factor. Without report the first

@@ -5,6 +5,7 @@
 
 #include "base/CDirCos.h"
 
+#include <algorithm>
 #include <cmath>
 #include <stdexcept>
 
@@ -298,6 +299,77 @@ bool ZorvoData::SpecificUtilityHorizontalMovementResultsExist(int stage, int uti
             GetSpecificUtility(u).HorizontalMovementResultsExist(stage))
             return true;
     return false;
+}
+
+namespace {
+
+// Sum over the utilities asked for (-1: all) and the slots asked for (-1: all) of what
+// count answers for one utility and slot.
+template <class Count>
+int SumOverUtilities(const ZorvoData& doc, int stage, int utility, Count count) {
+    int total = 0;
+    for (int u = 1; u <= doc.NumSpecificUtilities(); ++u) {
+        if (utility != -1 && u != utility)
+            continue;
+        const CSpecificUtility& su = doc.GetSpecificUtility(u);
+        const int slots = static_cast<int>(
+            std::max(su.GetUtilityStrains().size(), su.GetPulloutAndRotations().size()));
+        for (int s = 0; s < slots; ++s)
+            if (stage == -1 || s == stage)
+                total += count(su, s);
+    }
+    return total;
+}
+
+} // namespace
+
+int ZorvoData::NumSpecificUtilityPulloutAndRotations(int stage, int utility) const {
+    return SumOverUtilities(*this, stage, utility, [](const CSpecificUtility& u, int s) {
+        return u.NumPulloutAndRotations(s);
+    });
+}
+
+int ZorvoData::NumSpecificUtilityStrains(int stage, int utility) const {
+    return SumOverUtilities(*this, stage, utility,
+                            [](const CSpecificUtility& u, int s) { return u.NumUtilityStrains(s); });
+}
+
+bool ZorvoData::SpecificUtilityPulloutAndRotationsExist(int stage, int utility) const {
+    for (int u = 1; u <= NumSpecificUtilities(); ++u)
+        if ((utility == -1 || u == utility) && GetSpecificUtility(u).PulloutAndRotationsExist(stage))
+            return true;
+    return false;
+}
+
+bool ZorvoData::SpecificUtilityStrainsExist(int stage, int utility) const {
+    for (int u = 1; u <= NumSpecificUtilities(); ++u)
+        if ((utility == -1 || u == utility) && GetSpecificUtility(u).UtilityStrainsExist(stage))
+            return true;
+    return false;
+}
+
+bool ZorvoData::SpecificUtilityResultsExist(int stage, int utility) const {
+    for (int u = 1; u <= NumSpecificUtilities(); ++u)
+        if ((utility == -1 || u == utility) && GetSpecificUtility(u).ResultsExist(stage))
+            return true;
+    return false;
+}
+
+void ZorvoData::DeleteSpecificPulloutAndRotations(int stage) {
+    // The assessment's results, joints and strains alike; the movement samples stay.
+    for (int u = 1; u <= NumSpecificUtilities(); ++u) {
+        CSpecificUtility& su = AccessSpecificUtility(u);
+        const int slots = static_cast<int>(std::max(su.GetPulloutAndRotations().size(),
+                                                    su.GetUtilityStrains().size()));
+        for (int s = slots - 1; s >= 0; --s) {
+            if (stage != -1 && s != stage)
+                continue;
+            for (int t = su.NumPulloutAndRotationIterations(s); t >= 1; --t)
+                su.DeletePulloutAndRotationIteration(s, t);
+            for (int k = su.NumUtilityStrains(s); k >= 1; --k)
+                su.DeleteUtilityStrain(s, k);
+        }
+    }
 }
 
 void ZorvoData::DeleteSpecificUtilityMovementResults(int stage) {

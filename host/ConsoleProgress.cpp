@@ -64,6 +64,7 @@ int FamilyCount(const Data::ZorvoData& doc, long long code) {
     case 52:
         return doc.NumSpecificBuildings();
     case 45:
+    case 50:
         return doc.NumSpecificUtilities();
     default:
         return 0;

@@ -125,8 +125,14 @@ bool ZorvoSolver::Solve() {
     }
     if (S < 1)
         return true;
-    // Specific utilities and generic buildings are assessed in passes of their own
-    // after every stage has its movements; each enters stage 0 even after a cancel.
+    // Specific utilities (and generic buildings) are assessed in passes of their own
+    // after every stage has its movements. The cancel test stands after each call, so
+    // that each pass enters stage 0 even after a cancel; its loops then fall through.
+    for (int s = 0; s < S; ++s) {
+        CalculateSpecificUtilityDamage(*m_doc, s);
+        if (m_cancelled.load(std::memory_order_relaxed))
+            break;
+    }
     return true;
 }
 

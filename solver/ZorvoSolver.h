@@ -3,6 +3,7 @@
 #include "base/CLodraZorvoPrefData.h"
 #include "base/CString.h"
 #include "buildings/CBuildingDamageAssessment.h"
+#include "utilities/CUtilityDamageAssessment.h"
 #include "document/ZorvoData.h"
 #include "solver/CStageSources.h"
 #include "solver/MessageHandler.h"
@@ -131,6 +132,31 @@ class ZorvoSolver {
     // Copies the samples of each specific utility's line or displacement polyline at the
     // stage onto the utility; no calculation of its own.
     void CalcGroundMovements_UtilitiesSpecific(int stage);
+    // Pullouts, rotations and strains of the specific utilities of a stage, in parallel,
+    // one utility a thread. A utility that fails its check's silent form is passed over.
+    void CalculateSpecificUtilityDamage(Data::ZorvoData& doc, int stage);
+    // One utility (1-based); false when the cancel test stopped it part way.
+    bool SpecificUtilityDamage(Data::ZorvoData& doc, int stage, int utility);
+    // The pullout and strain formulas of one pipe (see CUtilityDamageAssessment).
+    static double AxialPulloutLeft(int row, const double& length,
+                                   const Data::CSplineT<double>& curve) {
+        return Data::CUtilityDamageAssessment::AxialPulloutLeft(row, length, curve);
+    }
+    static double AxialPulloutRight(int row, const double& length,
+                                    const Data::CSplineT<double>& curve) {
+        return Data::CUtilityDamageAssessment::AxialPulloutRight(row, length, curve);
+    }
+    static double AxialStrain(int row, const double& interval,
+                              const Data::CSplineT<double>& initialX,
+                              const Data::CSplineT<double>& initialY,
+                              const Data::CSplineT<double>& initialZ,
+                              const Data::CSplineT<double>& displacedX,
+                              const Data::CSplineT<double>& displacedY,
+                              const Data::CSplineT<double>& displacedZ) {
+        return Data::CUtilityDamageAssessment::AxialStrain(row, interval, initialX, initialY,
+                                                           initialZ, displacedX, displacedY,
+                                                           displacedZ);
+    }
     // Samples of a building's line at each vertical offset and along the line itself;
     // false when cancelled part way.
     bool SpecificBuildingMovements(int stage, int building);
@@ -138,7 +164,12 @@ class ZorvoSolver {
     // building loop.
     void WriteExactVerticalImportMatchesToImportedDisplacementsForSpecificBuilding(
         const Data::CSpecificBuilding& building, int stage, int numOffsets, int numIntervals);
-    void AddNote(int stage, int building, int offset, const CString& text);
+    // Families whose assessments can leave a note, in the order the notes are listed.
+    enum ENoteFamily { eNoteBuilding = 0, eNoteSpecificUtility = 1 };
+    void AddNote(int stage, int building, int offset, const CString& text) {
+        AddNote(stage, eNoteBuilding, building, offset, text);
+    }
+    void AddNote(int stage, ENoteFamily family, int object, int offset, const CString& text);
 
     // Adds the imported sets of the stage: to the displacement data with the tolerance
     // (metres), and to the buildings, utilities and rail tracks. Message 5 with the stage
@@ -175,7 +206,8 @@ class ZorvoSolver {
     CancelTest m_cancel;
     struct SNote {
         int stage;
-        int building;
+        int family;
+        int object;
         int offset;
         CString text;
     };

@@ -214,16 +214,18 @@ void ZorvoSolver::SpecificBuildingDamageAssessment(ZorvoData& doc, int stage, in
     }
 }
 
-void ZorvoSolver::AddNote(int stage, int building, int offset, const CString& text) {
+void ZorvoSolver::AddNote(int stage, ENoteFamily family, int object, int offset,
+                          const CString& text) {
 #pragma omp critical(ZorvoSolverNotes)
-    m_notes.push_back(SNote{stage, building, offset, text});
+    m_notes.push_back(SNote{stage, family, object, offset, text});
 }
 
 std::vector<CString> ZorvoSolver::Notes() const {
     std::vector<SNote> notes = m_notes;
     // Threads add notes in no fixed order: order them by where they arose.
     std::sort(notes.begin(), notes.end(), [](const SNote& a, const SNote& b) {
-        return std::tie(a.stage, a.building, a.offset) < std::tie(b.stage, b.building, b.offset);
+        return std::tie(a.stage, a.family, a.object, a.offset) <
+               std::tie(b.stage, b.family, b.object, b.offset);
     });
     std::vector<CString> texts;
     for (const SNote& n : notes)

@@ -1,7 +1,9 @@
 // The specific utilities of a run: each takes the samples of its line or displacement
-// polyline, which the earlier steps of the stage have calculated.
+// polyline, which the earlier steps of the stage have calculated, and is then assessed
+// for pullout, rotation and strain once every stage has its movements.
 #include "ZorvoSolver.h"
 
+#include "base/CRange.h"
 #include "solver/ZorvoSolverFamilyLoop.h"
 
 namespace Tevra {
@@ -31,7 +33,112 @@ const CDisplacementData* UtilityData(const ZorvoData& doc, const CSpecificUtilit
     return data && data->StoreMatches(stage) ? data : nullptr;
 }
 
+CString LookupNote(int utility, const CString& name, int stage, int code) {
+    return CString::Formatted(L"Specific Utility %i (%s), stage %i: its movements were read "
+                              L"outside their points (range code %i); no pullouts, rotations "
+                              L"or strains for this stage.",
+                              utility, name.GetString(), stage, code);
+}
+
+// Drops the joints and strains of a slot, keeping the movement samples.
+void DeleteDamageResults(CSpecificUtility& u, int stage) {
+    for (int t = u.NumPulloutAndRotationIterations(stage); t >= 1; --t)
+        u.DeletePulloutAndRotationIteration(stage, t);
+    for (int k = u.NumUtilityStrains(stage); k >= 1; --k)
+        u.DeleteUtilityStrain(stage, k);
+}
+
 } // namespace
+
+void ZorvoSolver::CalculateSpecificUtilityDamage(ZorvoData& doc, int stage) {
+    auto shape = [&doc](int u) {
+        std::vector<CString> unused;
+        return SObjectRows{doc.ValidSpecificUtility(u, false, unused), 1, 1};
+    };
+    FamilyLoop(50, stage, doc.NumSpecificUtilities(), false, shape, [&](int u, int, int) {
+        if (LoopCancelled())
+            return 0;
+        return SpecificUtilityDamage(doc, stage, u) ? 1 : 0;
+    });
+}
+
+bool ZorvoSolver::SpecificUtilityDamage(ZorvoData& doc, int stage, int u) {
+    CSpecificUtility& utility = doc.AccessSpecificUtility(u);
+    const CUtilityDimension& dimension = doc.GetUtilityDimension(utility.GetDimension());
+    const bool onPolyline =
+        utility.GetDisplacementDataType() == UtilityGlobal::eDisplacementPolyline;
+    const CPolylinePlus* polyline = nullptr;
+    if (onPolyline) {
+        const int p = doc.GetDisplacementPolyline(utility.GetDisplacementPolyline()).GetPolyline();
+        // A polyline of fewer than two points passes the silent check yet has no segment
+        // to resolve the movements on: nothing to assess.
+        if (!doc.PolylineExists(p) || doc.GetPolyline(p).NumPoint() < 2)
+            return true;
+        polyline = &doc.GetPolyline(p);
+    }
+
+    CUtilityDamageAssessment::SPipe pipe;
+    pipe.diameter = dimension.GetInternalDiameter();
+    pipe.wallThickness = dimension.GetWallThickness();
+    pipe.pipeLength = utility.GetPipeLength();
+    pipe.length = utility.GetLineEnd() - utility.GetLineStart();
+    // A sloping line's interval is its length in space over its intervals, while the
+    // tables run in plan distance: each as it has always been taken.
+    pipe.interval = onPolyline
+                        ? doc.GetDisplacementPolylineInterval(utility.GetDisplacementPolyline())
+                        : doc.GetLineInterval(utility.GetDisplacementLine());
+    pipe.jointed = utility.GetUtilityType() == UtilityGlobal::eJointed;
+
+    CTableD parallel, perpendicular, initialX, initialY, initialZ, displacedX, displacedY,
+        displacedZ;
+    doc.GetParallelAndPerpendicularDisplacementsWRTSpecificUtility(stage, u, parallel,
+                                                                   perpendicular);
+    doc.GetInitialAndDisplPositionsWRTUtility(stage, u, initialX, initialY, initialZ, displacedX,
+                                              displacedY, displacedZ);
+    CUtilityDamageAssessment::SCurves curves{
+        CSplineT<double>(parallel),   CSplineT<double>(perpendicular), CSplineT<double>(initialX),
+        CSplineT<double>(initialY),   CSplineT<double>(initialZ),      CSplineT<double>(displacedX),
+        CSplineT<double>(displacedY), CSplineT<double>(displacedZ)};
+
+    CUtilityDamageAssessment::SPolylinePipe along;
+    if (polyline) {
+        along.polyline = polyline;
+        along.lineStart = utility.GetLineStart();
+        along.lineEnd = utility.GetLineEnd();
+        along.continuousPullouts = utility.GetPolySegContinuousPullouts();
+        along.continuousStrains = utility.GetPolySegContinuousStrains();
+        along.reResolve = [&](int row, int segment, CUtilityDamageAssessment::SCurves& c) {
+            CTableD par(c.parallel), perp(c.perpendicular);
+            doc.ModifyParallelAndPerpendicularDisplacementsWRTSpecificUtility_Polyline(
+                u, par, perp, row, segment, initialX, initialY, displacedX, displacedY);
+            c.parallel = CSplineT<double>(par);
+            c.perpendicular = CSplineT<double>(perp);
+        };
+    }
+
+    try {
+        std::vector<CPulloutAndRotation> joints;
+        const bool finished = CUtilityDamageAssessment::Walk(
+            pipe, polyline ? &along : nullptr, curves, [this] { return LoopCancelled(); }, joints,
+            [&](int k, const CUtilityStrain& row) { utility.SetUtilityStrain(stage, k, row); });
+        // A cancelled utility is left as it stands.
+        if (!finished)
+            return false;
+        const std::vector<std::vector<CPulloutAndRotation>> layouts =
+            CUtilityDamageAssessment::FormIterations(
+                joints, pipe.pipeLength, CUtilityDamageAssessment::JOINT_SPACING_TOLERANCE,
+                polyline);
+        for (size_t t = 0; t < layouts.size(); ++t)
+            utility.SetPulloutAndRotationIteration(stage, static_cast<int>(t) + 1, layouts[t]);
+    } catch (const Util::CRange<double>& e) {
+        // Two samples closer than a table can tell apart (duplicate vertices), or a lookup
+        // past the samples: this utility has no damage results at this stage, and the run
+        // goes on with the next.
+        AddNote(stage, eNoteSpecificUtility, u, 0, LookupNote(u, utility.Name(), stage, e.code));
+        DeleteDamageResults(utility, stage);
+    }
+    return true;
+}
 
 void ZorvoSolver::CalcGroundMovements_UtilitiesSpecific(int stage) {
     ZorvoData& doc = *m_doc;
