@@ -198,6 +198,15 @@ class ZorvoData : public LodraZorvoData {
     // The unit heading is always written.
     void WriteCSVBDAResults_CritValues(CStdioFile& file, const CUnit& unit,
                                        const SCSVExportData& data) const;
+    // The specific utilities' tables: the unit heading, then the joints with their
+    // pullouts, rotations and verdicts, the strain rows, and what was sampled at each
+    // joint. Each table opens with a row naming its columns under its token.
+    void WriteCSVUDAResults(CStdioFile& file, const CUnit& unit, const SCSVExportData& data) const;
+    void WriteCSVUDAPulloutsRotations(CStdioFile& file, const CUnit& unit,
+                                      const SCSVExportData& data) const;
+    void WriteCSVUDAStrains(CStdioFile& file, const CUnit& unit, const SCSVExportData& data) const;
+    void WriteCSVUDACoodsDisps(CStdioFile& file, const CUnit& unit,
+                               const SCSVExportData& data) const;
 
     // Pipe sections and acceptance criteria that utilities name by number. Each table
     // begins with its standard library, read-only rows that every project holds in the

@@ -2,17 +2,11 @@
 // the user joined them, and the critical values of each building at each vertical offset.
 // Every row starts with its table's token, so that several tables can share one file.
 #include "document/ZorvoData.h"
+#include "export/CCsvRow.h"
 
 namespace Tevra::Data {
 
 namespace {
-
-// Dimensions of the display units: gradients have none; lengths and coordinates,
-// settlement, and strains with the deflection ratio each have their own.
-constexpr int kNoDimension = 0;
-constexpr int kLength = 2;
-constexpr int kDisplacement = 6;
-constexpr int kRatio = 202;
 
 const wchar_t* const kUncombinedToken = L"BDA_SPECIFIC_RESULT_UNCOMBINED_SEGMENTS";
 const wchar_t* const kCombinedToken = L"BDA_SPECIFIC_RESULT_COMBINED_SEGMENTS";
@@ -21,41 +15,11 @@ const wchar_t* const kCriticalToken = L"BDA_SPECIFIC_RESULT_UNCOMBINED_SEGMENTS_
 // A no-value cell: a quantity that was not found.
 const wchar_t* const kNoValue = L"-";
 
-// One row, cell by cell: texts as they stand, integers by "%i", doubles by "%.14g".
-class Row {
-  public:
-    explicit Row(const wchar_t* token) : m_text(token) {}
-    Row& Text(const CString& cell) {
-        m_text += L",";
-        m_text += cell;
-        return *this;
-    }
-    Row& Int(int v) { return Text(CString::Formatted(L"%i", v)); }
-    Row& Real(double v) { return Text(CString::Formatted(L"%.14g", v)); }
-    Row& Point(const Vec3<double>& p, double conversion) {
-        return Real(p.x * conversion).Real(p.y * conversion).Real(p.z * conversion);
-    }
-    void WriteTo(CStdioFile& file) {
-        m_text += L"\n";
-        file.WriteString(m_text);
-    }
-
-  private:
-    CString m_text;
-};
-
-// Displacement, then length: the quantity's name and the index of its chosen unit.
-void WriteUnitHeading(CStdioFile& file, const CUnit& unit) {
-    for (int dimension : {kDisplacement, kLength})
-        file.WriteString(unit.DimensionString(dimension) +
-                         CString::Formatted(L",%i\n", unit.GetCurSel(dimension)));
-}
-
 // The cells every row of a specific building starts with: token, stage unless left out,
 // building number, name and sub-building name, and the offset numbered from 1.
-Row BuildingRow(const wchar_t* token, const SCSVExportData& data, int stage, int b,
+CCsvRow BuildingRow(const wchar_t* token, const SCSVExportData& data, int stage, int b,
                 const CSpecificBuilding& building, int offset) {
-    Row row(token);
+    CCsvRow row(token);
     if (!data.leaveOutStage)
         row.Int(stage);
     row.Int(b).Text(building.Name()).Text(building.GetSubBuildingName()).Int(offset + 1);
@@ -68,8 +32,8 @@ void ZorvoData::WriteCSVBDAResults(CStdioFile& file, const CUnit& unit,
                                    const SCSVExportData& data) const {
     if (!data.specificUncombined && !data.specificCombined)
         return;
-    WriteUnitHeading(file, unit);
-    const double length = unit.Conversion(kLength);
+    CCsvRow::WriteUnitHeading(file, unit);
+    const double length = unit.Conversion(CCsvRow::kLength);
     // Segment rows of one store; the combined store only where the user joined segments.
     auto writeStore = [&](int stage, bool combined) {
         const wchar_t* token = combined ? kCombinedToken : kUncombinedToken;
@@ -81,7 +45,7 @@ void ZorvoData::WriteCSVBDAResults(CStdioFile& file, const CUnit& unit,
                     continue;
                 const int segments = building.NumBuildingDamageResults(stage, combined, o);
                 for (int seg = 1; seg <= segments; ++seg) {
-                    Row row = BuildingRow(token, data, stage, b, building, o);
+                    CCsvRow row = BuildingRow(token, data, stage, b, building, o);
                     row.Int(seg)
                         .Point(
                             GetSpecificBuildingSegmentStartCoordinates(stage, b, o, seg, combined),
@@ -107,11 +71,11 @@ void ZorvoData::WriteCSVBDAResults(CStdioFile& file, const CUnit& unit,
 
 void ZorvoData::WriteCSVBDAResults_CritValues(CStdioFile& file, const CUnit& unit,
                                               const SCSVExportData& data) const {
-    WriteUnitHeading(file, unit);
-    const double length = unit.Conversion(kLength);
-    const double settlement = unit.Conversion(kDisplacement);
-    const double ratio = unit.Conversion(kRatio);
-    const double gradient = unit.Conversion(kNoDimension);
+    CCsvRow::WriteUnitHeading(file, unit);
+    const double length = unit.Conversion(CCsvRow::kLength);
+    const double settlement = unit.Conversion(CCsvRow::kDisplacement);
+    const double ratio = unit.Conversion(CCsvRow::kRatio);
+    const double gradient = unit.Conversion(CCsvRow::kNoDimension);
     for (int stage = 0; stage < data.numStages; ++stage) {
         if (!data.StageWanted(stage))
             continue;
@@ -120,7 +84,7 @@ void ZorvoData::WriteCSVBDAResults_CritValues(CStdioFile& file, const CUnit& uni
             const int offsets = building.GetBuildingDamageProperties().NumberOfVerticalOffsets();
             // Every offset has its row, with or without results.
             for (int o = 0; o < offsets; ++o) {
-                Row row = BuildingRow(kCriticalToken, data, stage, b, building, o);
+                CCsvRow row = BuildingRow(kCriticalToken, data, stage, b, building, o);
                 row.Real(building.GetMaxDeflnRatio(stage, o) * ratio)
                     .Real(building.GetMaxHorizStrain(stage, o) * ratio)
                     .Real(building.GetMaxGradientOfVDispCurve(stage, o) * gradient)

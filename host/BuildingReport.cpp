@@ -1,5 +1,8 @@
 #include "BuildingReport.h"
 
+#include "host/HostText.h"
+#include "host/TableFile.h"
+
 #include "base/CResourceStrings.h"
 #include "base/CStdioFile.h"
 #include "base/CUnit.h"
@@ -22,14 +25,6 @@ int SmallNumber(const std::string& text) {
         text.find_first_not_of("0123456789") != std::string::npos)
         return -1;
     return std::stoi(text);
-}
-
-std::string Printed(const char* format, double v) {
-    const int n = std::snprintf(nullptr, 0, format, v);
-    std::string text(static_cast<size_t>(n) + 1, '\0');
-    std::snprintf(text.data(), text.size(), format, v);
-    text.pop_back();
-    return text;
 }
 
 std::string CategoryLabel(int category) {
@@ -206,21 +201,13 @@ void BuildingReport::Print(const ZorvoData& doc, std::ostream& out) {
 }
 
 std::string BuildingReport::WriteCsv(const ZorvoData& doc, const std::string& dir) {
-    const std::string path = dir + "/buildings.csv";
     SCSVExportData data;
     data.numStages = doc.NumStages(true, false);
-    const CUnit unit;
-    CStdioFile file(path);
-    try {
+    return WriteTableFile(dir + "/buildings.csv", [&](CStdioFile& file) {
+        const CUnit unit;
         doc.WriteCSVBDAResults(file, unit, data);
         doc.WriteCSVBDAResults_CritValues(file, unit, data);
-        file.Close();
-    } catch (const std::runtime_error& e) {
-        // A table cut short by a full disk must not pass for a whole one.
-        ::unlink(path.c_str());
-        throw std::runtime_error(std::string(e.what()) + "; the unfinished table is removed");
-    }
-    return path;
+    });
 }
 
 } // namespace Tevra

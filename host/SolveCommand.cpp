@@ -3,6 +3,8 @@
 #include "export/CDisplacementCsv.h"
 #include "host/BuildingReport.h"
 #include "host/ConsoleProgress.h"
+#include "host/HostText.h"
+#include "host/UtilityReport.h"
 #include "modelfile/ZorvoModelFile.h"
 #include "solver/ZorvoSolver.h"
 
@@ -23,13 +25,7 @@ using FileIO::ZorvoModelFile;
 namespace {
 
 // A number to 3 decimals, in full however large.
-std::string Fixed3(double v) {
-    const int n = std::snprintf(nullptr, 0, "%.3f", v);
-    std::string text(static_cast<size_t>(n) + 1, '\0');
-    std::snprintf(text.data(), text.size(), "%.3f", v);
-    text.pop_back();
-    return text;
-}
+std::string Fixed3(double v) { return Printed("%.3f", v); }
 
 // Per stage: the largest settlement and the largest horizontal movement, and where.
 // Samples holding a value that is not a finite number have been reported as errors;
@@ -198,6 +194,7 @@ int SolveCommand(HostSession& session, const SSolveOptions& o) {
     const bool notFinite = session.Report(SanityChecks::Results(doc));
     PrintSummary(doc, out);
     BuildingReport::Print(doc, out);
+    UtilityReport::Print(doc, out);
 
     if (!o.csvDir.empty()) {
         try {
@@ -205,6 +202,9 @@ int SolveCommand(HostSession& session, const SSolveOptions& o) {
                 out << "wrote " << file << (partial ? " (partial results)" : "") << '\n';
             if (doc.NumSpecificBuildings() > 0)
                 out << "wrote " << BuildingReport::WriteCsv(doc, o.csvDir)
+                    << (partial ? " (partial results)" : "") << '\n';
+            if (doc.NumSpecificUtilities() > 0)
+                out << "wrote " << UtilityReport::WriteCsv(doc, o.csvDir)
                     << (partial ? " (partial results)" : "") << '\n';
         } catch (const std::runtime_error& e) {
             session.Fail(e.what());

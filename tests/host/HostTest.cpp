@@ -214,7 +214,7 @@ TEST(Host, CsvTablesMatchTheLibrary) {
 TEST(Host, EveryExampleChecksCleanAndSolves) {
     for (const char* name : {"twin-tunnels", "subsurface", "staged-tunnels", "mine-panel",
                              "user-curves", "basement-and-shaft", "imported-set",
-                             "street-of-buildings"}) {
+                             "street-of-buildings", "utilities"}) {
         const std::string path = kSource + "/examples/" + name + ".json";
         const Outcome check = Zorvo({"check", path});
         EXPECT_EQ(check.status, 0) << name << "\n" << check.err;
