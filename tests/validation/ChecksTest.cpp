@@ -368,7 +368,8 @@ TEST(StageErrors, ReferencesThatDoNotExist) {
     CStage stage;
     stage.SetName(L"Drive");
     CBasicList l;
-    ASSERT_TRUE(l.SetString(L"1 -2 -3 2 to 4", 0));
+    // Each number that names no tunnel is reported, -3 and -2 excepted.
+    ASSERT_TRUE(l.SetString(L"1 -2 -3 -4 to -1 2 to 3", 0));
     stage.SetTunnels(l);
     ASSERT_TRUE(l.SetString(L"1", 0));
     stage.SetPolygonalExcavations(l);
