@@ -18,8 +18,9 @@ constexpr long long kGeneralErrorsCode = 6;
 constexpr long long kTunnelErrorsCode = 7;
 constexpr long long kStageErrorsCode = 18;
 
-// Entries of one range of a stage's list reported as naming no record: a range that runs
-// far past the records would otherwise fill the list with texts that say nothing more.
+// Numbers of one range of a stage's list that are looked at for naming no record: a range
+// that runs far past the records would otherwise fill the list with texts that say
+// nothing more.
 constexpr int kMostEntriesPerRange = 1000;
 
 // Plan length (metres) below which a tunnel is vertical.
@@ -298,6 +299,8 @@ bool ZorvoData::StageErrors(std::vector<CString>& messages, bool& cancelled,
             return pass.Cancelled();
         const CStage& stage = m_stages.Get(i > n ? i - n : i);
         for (const auto& family : families) {
+            // A number that stands in the list twice, alone or in ranges, is one entry.
+            std::unordered_set<long long> reported;
             for (const auto& range : (stage.*family.list)().Ranges()) {
                 // Every number of a range that names no record is an entry of its own. Those
                 // below 1 and those past the last record are visited, not the good ones
@@ -306,17 +309,16 @@ bool ZorvoData::StageErrors(std::vector<CString>& messages, bool& cancelled,
                 const long long first = range.first, last = range.second;
                 const long long runs[2][2] = {{first, std::min(last, 0LL)},
                                               {std::max(first, family.records + 1LL), last}};
-                int reported = 0;
+                int visited = 0;
                 for (const auto& run : runs) {
-                    for (long long k = run[0]; k <= run[1] && reported < kMostEntriesPerRange;
-                         ++k) {
+                    for (long long k = run[0]; k <= run[1] && visited < kMostEntriesPerRange;
+                         ++k, ++visited) {
                         if (++entries % kStepsPerEventTest == 0 && pass.Stopped())
                             return pass.Cancelled();
-                        if (k == -3 || k == -2)
+                        if (k == -3 || k == -2 || !reported.insert(k).second)
                             continue;
                         pass.Add(CString::Formatted(Message(family.id).GetString(),
                                                     stage.Name().GetString(), static_cast<int>(k)));
-                        ++reported;
                     }
                 }
             }
