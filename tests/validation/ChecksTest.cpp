@@ -385,6 +385,15 @@ TEST(StageErrors, ReferencesThatDoNotExist) {
     bool cancelled = false;
     EXPECT_TRUE(doc.StageErrors(m, cancelled));
     EXPECT_EQ(Utf8(m), kTexts.at("stage references"));
+
+    // A range far past the records is reported by its first thousand numbers.
+    ASSERT_TRUE(l.SetString(L"2 to 2000000000", 0));
+    stage.SetTunnels(l);
+    doc.SetStage(1, stage);
+    doc.DeleteStageProperty(1, -1);
+    EXPECT_TRUE(doc.StageErrors(m, cancelled));
+    ASSERT_EQ(m.size(), 1001u); // and the polygonal excavation 1
+    EXPECT_EQ(m[999].ToUtf8(), "Stage: Drive refers to Tunnel  1001 which does not exist.");
 }
 
 TEST(DisplacementChecks, RecordsWithoutExtentOrReference) {

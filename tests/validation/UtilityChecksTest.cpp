@@ -189,6 +189,25 @@ TEST(UtilityChecks, PassesWithTheirCodes) {
     EXPECT_FALSE(cancelled);
 }
 
+// The error and warning runs include the utility passes: on a site that has nothing else
+// to report, one utility's fault or caution alone decides their answer.
+TEST(UtilityChecks, JoinTheErrorAndWarningRuns) {
+    ZorvoData doc = Site();
+    doc.DeleteDisplacementPolyline(2, -1);
+    doc.DeleteDisplacementLine(2, -1);
+    CSpecificUtility u = OnPolyline(1, 5.0, 15.0);
+    doc.SetSpecificUtility(1, u);
+    EXPECT_FALSE(doc.ErrorsExist());
+    EXPECT_TRUE(doc.WarningsExist());
+    u.SetPolySegContinuousPullouts(false);
+    u.SetPolySegContinuousStrains(false);
+    doc.SetSpecificUtility(1, u);
+    EXPECT_FALSE(doc.WarningsExist());
+    u.SetLineEnd(4.0);
+    doc.SetSpecificUtility(1, u);
+    EXPECT_TRUE(doc.ErrorsExist());
+}
+
 // A signalled event stops the pass before the first utility.
 TEST(UtilityChecks, StoppedByTheEvent) {
     CEvent stop;
