@@ -107,7 +107,6 @@ TEST(ValidSpecificUtility, EveryFaultInItsOrder) {
         {"jointed pipe of 0.005 m", false, OnLine(1, 5.0, 25.0, 0.005)},
         {"jointed pipe of 0.01 m", true, OnLine(1, 5.0, 25.0, 0.01)},
         {"pipe of -0.005 m", false, OnLine(1, 5.0, 25.0, -0.005)},
-        {"pipe of -0.5 m", false, OnLine(1, 5.0, 25.0, -0.5)},
         {"a continuous pipe's length is not tested", true,
          with(OnLine(1, 5.0, 6.0, -10.0),
               [](CSpecificUtility& u) { u.SetUtilityType(UtilityGlobal::eContinuous); })},
@@ -261,11 +260,4 @@ TEST(UtilityCrossesExcavation, AnyIntervalPointOfTheWholeLine) {
         EXPECT_EQ(Utf8(m), c.crosses ? std::vector<std::string>{text} : std::vector<std::string>{})
             << c.what;
     }
-
-    // A shaft of 1 m between the points at 27 and 30 holds none of them.
-    ZorvoData doc = Site();
-    doc.SetSpecificUtility(1, OnLine(1, 5.0, 10.0));
-    doc.SetCircularExcavation(1, Shaft(L"S", 28.5, 0.0, 1.0));
-    std::vector<CString> m;
-    EXPECT_FALSE(doc.UtilityCrossesExcavation(1, m));
 }
