@@ -27,6 +27,13 @@ const Entry kTable[] = {
     {203, L"%s %i refers to Utility Dimension %i.  This Utility Dimension deoes not exist."},
     {224, L"Utility %i's pipe segment length is zero."},
     {228, L"Utility %i's pipe segemnt length is negative"},
+    // Specific utilities whose results deserve caution.
+    {59, L"\"Treat polyline segments as continuous - Pullout\" is \"Yes\" for Specific Utility "
+         L"%i. Results should be treated with caution as Zorvo does not account for bends."},
+    {64, L"\"Treat polyline segments as continuous - Strain\" is \"Yes\" for Specific Utility "
+         L"%i. Results should be treated with caution as Zorvo does not account for bends."},
+    {214, L"Utility %i crosses at least one excavation in Stage %i. Its utility damage results in "
+          L"that area should be treated with caution."},
     // Specific buildings that cannot be assessed, and one that crosses an excavation.
     {24, L"No vertical offsets input for %s building %i.\n"},
     {258, L"Building %i's settlement trough limit sensitivity is negative."},

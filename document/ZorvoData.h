@@ -290,8 +290,7 @@ class ZorvoData : public LodraZorvoData {
     // answered, not the largest over all. Of equal peaks the last row wins. True when any
     // row was taken.
     bool GetMaxParallelAndPerpendicularDisplacementsWRTUtility(int stage, int utility,
-                                                               double& parallel,
-                                                               double& parallelX,
+                                                               double& parallel, double& parallelX,
                                                                double& perpendicular,
                                                                double& perpendicularX) const;
     // Whether specific utility u (-1: any) holds samples in the slot (-1: any).
@@ -316,6 +315,8 @@ class ZorvoData : public LodraZorvoData {
     // fault answers false and nothing is formatted; with report each fault adds its text
     // and the checks go on.
     bool ValidSpecificUtility(int u, bool report, std::vector<CString>& messages) const;
+    // True when there is a specific utility and every one can be assessed.
+    bool ValidSpecificUtilities() const;
 
     // Stages and stage properties.
     ZORVO_NUMBERED_FAMILY(StageProperty, StageProperties, CStageProperty, m_stageProperties)
@@ -398,8 +399,9 @@ class ZorvoData : public LodraZorvoData {
             ground = t.GetGroundLevel2();
         } else {
             axis = Along(t.GetZCentreLine1(), t.GetZCentreLine2(), xl, L);
-            interface = t.GetNumLayers() == 1 ? z : Along(t.GetSoilInterfaceLevel1(),
-                                                          t.GetSoilInterfaceLevel2(), xl, L);
+            interface = t.GetNumLayers() == 1
+                            ? z
+                            : Along(t.GetSoilInterfaceLevel1(), t.GetSoilInterfaceLevel2(), xl, L);
             ground = Along(t.GetGroundLevel1(), t.GetGroundLevel2(), xl, L);
         }
         if (t.GetNumLayers() == 1) // one soil: the interface is at the point itself
@@ -464,6 +466,26 @@ class ZorvoData : public LodraZorvoData {
     // Whether an interval point of building b's line lies within any excavation, at any
     // stage; adds one text when it does.
     bool SpecificBuildingCrossesExcavation(int b, std::vector<CString>& messages) const;
+    // Specific utilities that cannot be assessed, every fault of each with its text. The
+    // answer is whether any utility failed.
+    bool UtilityErrors(std::vector<CString>& messages, bool& cancelled,
+                       const SCheckArgs& args = {}) const;
+    bool UtilityErrors(std::vector<CString>& messages) const;
+    // Specific utilities whose results deserve caution: a line through an excavation, and
+    // polyline segments treated as continuous for pullout or strain, where bends are not
+    // accounted for.
+    bool UtilityWarnings(std::vector<CString>& messages, bool& cancelled,
+                         const SCheckArgs& args = {}) const;
+    bool UtilityWarnings(std::vector<CString>& messages) const;
+    // Whether an interval point of the whole displacement line of specific utility u
+    // (1-based), within its stretch or not, lies within any excavation, at any stage; adds
+    // one text when it does, naming the first stage that lists the excavation hit (0 when
+    // none does). False for a utility on a polyline or on a line that does not exist.
+    bool UtilityCrossesExcavation(int u, std::vector<CString>& messages) const;
+    // Warnings of the stages and stage properties; there are none to find, as everything
+    // wrong with them is an error of StageErrors.
+    bool StageWarnings(std::vector<CString>& messages, bool& cancelled,
+                       const SCheckArgs& args = {}) const;
     // Every error pass but the general one, each with a list of its own; does not stop
     // at a finding.
     bool ErrorsExist() const;

@@ -4,6 +4,8 @@
 #include "modelfile/ZorvoModelFile.h"
 #include "validation/CCheckPass.h"
 
+#include <algorithm>
+
 namespace Tevra {
 
 using namespace Data;
@@ -49,27 +51,41 @@ HostSession::ECheck HostSession::Check(ZorvoData& doc, int threads) {
         return print("error");
     };
     auto warning = [&](bool) { return print("warning"); };
+    // The run's size on this machine, reported after the inputs' checks below, decides
+    // first whether the result stores may be sized for the passes that need transects.
+    const std::vector<SanityChecks::SFinding> size =
+        SanityChecks::RunSize(doc, SystemMemory::Bytes(), SystemMemory::Source(), threads);
+    const bool sizeFits = std::none_of(size.begin(), size.end(),
+                                       [](const SanityChecks::SFinding& f) { return f.error; });
     // The library's passes in the order of its own error and warning runs, the general
     // pass first, as the host calls that one itself. The building warnings, which the
     // library's run repeats at its end with the same texts, are printed once.
-    const bool ran =
-        error(doc.GeneralErrors(m, cancelled, args)) &&
-        error(doc.TunnelErrors(m, cancelled, args)) && error(doc.DisplacementPointErrors(m)) &&
-        error(doc.DisplacementLineErrors(m)) && error(doc.DisplacementPolylineErrors(m)) &&
-        error(doc.DisplacementGridErrors(m)) && error(doc.ExcavationErrors(m, cancelled, args)) &&
-        error(doc.BuildingErrors(m, cancelled, args)) &&
-        error(doc.StageErrors(m, cancelled, args)) &&
-        warning(doc.TunnelWarnings(m, cancelled, args)) &&
-        warning(doc.DisplacementPointWarnings(m)) && warning(doc.DisplacementLineWarnings(m)) &&
-        warning(doc.DisplacementPolylineWarnings(m)) && warning(doc.DisplacementGridWarnings(m)) &&
-        warning(doc.ExcavationWarnings(m, cancelled, args)) &&
-        warning(doc.BuildingWarnings(m, cancelled, args));
+    bool ran = error(doc.GeneralErrors(m, cancelled, args)) &&
+               error(doc.TunnelErrors(m, cancelled, args)) &&
+               error(doc.DisplacementPointErrors(m)) && error(doc.DisplacementLineErrors(m)) &&
+               error(doc.DisplacementPolylineErrors(m)) && error(doc.DisplacementGridErrors(m)) &&
+               error(doc.ExcavationErrors(m, cancelled, args)) &&
+               error(doc.BuildingErrors(m, cancelled, args));
+    // The passes from here on see the document as a run sees it, its result stores sized
+    // and its transects set up, as the solver does first. That sizing trusts the records
+    // the passes above have cleared, and memory enough for the results: with an error so
+    // far, or a run too large, it is left out and the later passes see no transects.
+    if (ran && !errors && sizeFits)
+        doc.ResizeResultsAndSetupTransects();
+    ran = ran && error(doc.UtilityErrors(m, cancelled, args)) &&
+          error(doc.StageErrors(m, cancelled, args)) &&
+          warning(doc.TunnelWarnings(m, cancelled, args)) &&
+          warning(doc.DisplacementPointWarnings(m)) && warning(doc.DisplacementLineWarnings(m)) &&
+          warning(doc.DisplacementPolylineWarnings(m)) &&
+          warning(doc.DisplacementGridWarnings(m)) &&
+          warning(doc.ExcavationWarnings(m, cancelled, args)) &&
+          warning(doc.BuildingWarnings(m, cancelled, args)) &&
+          warning(doc.UtilityWarnings(m, cancelled, args));
     if (!ran)
         return eCancelled;
 
     errors |= Report(SanityChecks::Inputs(doc));
-    errors |=
-        Report(SanityChecks::RunSize(doc, SystemMemory::Bytes(), SystemMemory::Source(), threads));
+    errors |= Report(size);
     return errors ? eErrors : eClean;
 }
 

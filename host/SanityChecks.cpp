@@ -673,6 +673,29 @@ void CheckSpecificBuilding(const ZorvoData& doc, const CSpecificBuilding& b, Rec
     }
 }
 
+// What the library's utility errors leave alone: a pipe whose section has no size, and
+// lengths that are not numbers, which pass every comparison of its tests unseen. A
+// dimension number outside the table is the library's error.
+void CheckUtility(const ZorvoData& doc, const CUtility& u, RecordFindings& f) {
+    const int n = u.GetDimension();
+    if (n >= 1 && n <= doc.NumUtilityDimensions()) {
+        const CUtilityDimension& d = doc.GetUtilityDimension(n);
+        const double D = d.GetDiameter();
+        const std::string field = "the external diameter of its dimension " + std::to_string(n);
+        if (f.Finite(field, D, "a bore and wall thickness in metres") && D <= 0.0)
+            f.Error(field + " is " + Number(D) +
+                    " m; give the dimension a bore and wall thickness whose diameter is greater "
+                    "than 0");
+    }
+    f.Finite("the pipe length", u.GetPipeLength(), "the length of one pipe in metres");
+}
+
+void CheckSpecificUtility(const ZorvoData& doc, const CSpecificUtility& u, RecordFindings& f) {
+    f.Finite("the line start", u.GetLineStart(), "a distance along its line in metres");
+    f.Finite("the line end", u.GetLineEnd(), "a distance along its line in metres");
+    CheckUtility(doc, u, f);
+}
+
 // Samples of a displacement record, counted without overflow.
 double Samples(const ZorvoData& doc, int d) {
     EPointType type;
@@ -831,6 +854,16 @@ std::vector<SanityChecks::SFinding> SanityChecks::Inputs(const ZorvoData& doc) {
         const CSpecificBuilding& b = doc.GetSpecificBuilding(n);
         RecordFindings f(out, Label("Specific Building", n, b.GetName()));
         CheckSpecificBuilding(doc, b, f);
+    }
+    for (int n = 1; n <= doc.NumSpecificUtilities(); ++n) {
+        const CSpecificUtility& u = doc.GetSpecificUtility(n);
+        RecordFindings f(out, Label("Specific Utility", n, u.GetName()));
+        CheckSpecificUtility(doc, u, f);
+    }
+    for (int n = 1; n <= doc.NumGenericUtilities(); ++n) {
+        const CGenericUtility& u = doc.GetGenericUtility(n);
+        RecordFindings f(out, Label("Generic Utility", n, u.GetName()));
+        CheckUtility(doc, u, f);
     }
     return out;
 }

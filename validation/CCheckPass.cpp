@@ -29,8 +29,9 @@ bool CCheckPass::Stopped() {
     return false;
 }
 
-bool CCheckPass::Finish() {
-    const bool found = Found();
+bool CCheckPass::Finish() { return Finish(Found()); }
+
+bool CCheckPass::Finish(bool found) {
     if (m_args.window) {
         m_args.window->SendMessageW(m_args.message, 0, 0);
         if (found && m_endCode != 0)

@@ -39,6 +39,10 @@ class CCheckPass {
     bool Found() const { return m_messages.size() > m_start; }
     // Ends the pass: the window messages, and whether anything was found.
     bool Finish();
+    // The same for a pass whose answer is not whether it added texts: a fault may be
+    // found without a text, or a text added that is no fault. The code is sent when
+    // found is true.
+    bool Finish(bool found);
     // Ends a stopped pass: false, with what was found so far left in the list.
     bool Cancelled() const { return false; }
 

@@ -18,6 +18,11 @@ constexpr long long kGeneralErrorsCode = 6;
 constexpr long long kTunnelErrorsCode = 7;
 constexpr long long kStageErrorsCode = 18;
 
+// Numbers of one range of a stage's list that are looked at for naming no record: a range
+// that runs far past the records would otherwise fill the list with texts that say
+// nothing more.
+constexpr int kMostEntriesPerRange = 1000;
+
 // Plan length (metres) below which a tunnel is vertical.
 constexpr double kMinTunnelPlanLength = 0.001;
 // Pairs of tunnels with one name reported before the pass gives up listing them.
@@ -294,23 +299,28 @@ bool ZorvoData::StageErrors(std::vector<CString>& messages, bool& cancelled,
             return pass.Cancelled();
         const CStage& stage = m_stages.Get(i > n ? i - n : i);
         for (const auto& family : families) {
+            // A number that stands in the list twice, alone or in ranges, is one entry.
+            std::unordered_set<long long> reported;
             for (const auto& range : (stage.*family.list)().Ranges()) {
-                if (++entries % kStepsPerEventTest == 0 && pass.Stopped())
-                    return pass.Cancelled();
-                // -3 and -2 are special entries that stand for no record. Of a range, the
-                // first number that names no record is reported.
-                const int first = range.first, last = range.second;
-                int bad = 0;
-                if (first == last && (first == -3 || first == -2))
-                    continue;
-                if (first < 1)
-                    bad = first;
-                else if (last > family.records)
-                    bad = std::max(first, family.records + 1);
-                else
-                    continue;
-                pass.Add(CString::Formatted(Message(family.id).GetString(),
-                                            stage.Name().GetString(), bad));
+                // Every number of a range that names no record is an entry of its own. Those
+                // below 1 and those past the last record are visited, not the good ones
+                // between, so that "1 to 100000" costs nothing; -3 and -2 are special
+                // entries that stand for no record and pass.
+                const long long first = range.first, last = range.second;
+                const long long runs[2][2] = {{first, std::min(last, 0LL)},
+                                              {std::max(first, family.records + 1LL), last}};
+                int visited = 0;
+                for (const auto& run : runs) {
+                    for (long long k = run[0]; k <= run[1] && visited < kMostEntriesPerRange;
+                         ++k, ++visited) {
+                        if (++entries % kStepsPerEventTest == 0 && pass.Stopped())
+                            return pass.Cancelled();
+                        if (k == -3 || k == -2 || !reported.insert(k).second)
+                            continue;
+                        pass.Add(CString::Formatted(Message(family.id).GetString(),
+                                                    stage.Name().GetString(), static_cast<int>(k)));
+                    }
+                }
             }
         }
     }
@@ -337,6 +347,17 @@ bool ZorvoData::StageErrors(std::vector<CString>& messages, bool& cancelled,
     return pass.Finish();
 }
 
+bool ZorvoData::StageWarnings(std::vector<CString>& messages, bool& cancelled,
+                              const SCheckArgs& args) const {
+    CCheckPass pass(messages, cancelled, args, L"warnings", 0);
+    if (pass.Stopped())
+        return pass.Cancelled();
+    // Finds nothing: every way a stage property can go wrong is an error above (a missing
+    // stage, no values, a missing element), and a listed element that its stage does not
+    // include merely goes unused, as one list written for several stages is meant to.
+    return pass.Finish();
+}
+
 bool ZorvoData::ErrorsExist() const {
     std::vector<CString> messages;
     bool cancelled = false;
@@ -348,6 +369,9 @@ bool ZorvoData::ErrorsExist() const {
     any |= DisplacementGridErrors(messages);
     any |= ExcavationErrors(messages, cancelled);
     any |= BuildingErrors(messages, cancelled);
+    // The generic building errors go here.
+    any |= UtilityErrors(messages, cancelled);
+    // The generic utility errors, then the rail track errors, go here.
     any |= StageErrors(messages, cancelled);
     return any;
 }
@@ -363,6 +387,9 @@ bool ZorvoData::WarningsExist() {
     any |= DisplacementGridWarnings(messages);
     any |= ExcavationWarnings(messages, cancelled);
     any |= BuildingWarnings(messages, cancelled);
+    // The generic building warnings go here.
+    any |= UtilityWarnings(messages, cancelled);
+    // The generic utility warnings, then the rail track warnings, go here.
     // The building warnings run a second time, last, as they always have; the answer is
     // the same.
     any |= BuildingWarnings(messages, cancelled);

@@ -241,8 +241,8 @@ TEST(Stages, RepeatedEntriesOfAStageListAreKeptOnce) {
     for (int t = -3; t <= 5; ++t)
         EXPECT_EQ(doc.IsTunnelInStage(t, 1), t == -2 || (t >= 1 && t <= 3)) << t;
 
-    // Tunnels 2 and 3 do not exist: the entry 3 is reported once, and the range 2 to 3 by
-    // its first missing tunnel; -2 is a special entry and passes.
+    // Tunnels 2 and 3 do not exist: each is reported once, 3 where it first stands, though
+    // the range 2 to 3 holds it again; -2 is a special entry and passes.
     std::vector<CString> m;
     bool cancelled = false;
     EXPECT_TRUE(doc.StageErrors(m, cancelled));

@@ -402,3 +402,83 @@ TEST(SanityChecks, HostReportsABuildingTheLibraryPassesOver) {
     EXPECT_EQ(session.Check(doc, 1), HostSession::eErrors);
     EXPECT_EQ(err.str(), Expected("building output"));
 }
+
+// Faults of a utility that the library's passes leave alone: a section of no size and
+// lengths that are not numbers. A dimension outside the table is the library's error.
+TEST(SanityChecks, UtilitiesAndTheirDimensions) {
+    constexpr double inf = std::numeric_limits<double>::infinity();
+    const struct {
+        const char* what;
+        std::function<void(CSpecificUtility&, CUtilityDimension&)> change;
+    } cases[] = {
+        {"sound", [](CSpecificUtility&, CUtilityDimension&) {}},
+        {"a section of no size",
+         [](CSpecificUtility&, CUtilityDimension& d) {
+             d.SetInternalDiameter(0.01);
+             d.SetWallThickness(-0.005);
+         }},
+        {"a bore that is not a number",
+         [](CSpecificUtility&, CUtilityDimension& d) { d.SetInternalDiameter(kNaN); }},
+        {"lengths that are not numbers",
+         [](CSpecificUtility& u, CUtilityDimension&) {
+             u.SetLineStart(kNaN);
+             u.SetLineEnd(inf);
+             u.SetPipeLength(-inf);
+         }},
+        {"a dimension beyond the table",
+         [](CSpecificUtility& u, CUtilityDimension& d) {
+             d.SetInternalDiameter(0.0);
+             u.SetDimension(116);
+         }},
+    };
+    for (const auto& c : cases) {
+        ZorvoData doc = BuildingSite();
+        // Dimension 115 is the user's, after the 114 of the standard library.
+        CUtilityDimension d(true);
+        CSpecificUtility u;
+        u.SetName(L"U");
+        u.SetLineStart(5.0);
+        u.SetLineEnd(25.0);
+        u.SetDimension(115);
+        c.change(u, d);
+        doc.SetUtilityDimension(115, d);
+        doc.SetSpecificUtility(1, u);
+        EXPECT_EQ(Lines(SanityChecks::Inputs(doc)), Expected(std::string("utilities: ") + c.what))
+            << c.what;
+    }
+
+    ZorvoData doc;
+    CGenericUtility g;
+    g.SetName(L"G");
+    g.SetPipeLength(kNaN);
+    doc.SetGenericUtility(1, g);
+    EXPECT_EQ(Lines(SanityChecks::Inputs(doc)), Expected("utilities: generic"));
+}
+
+// The utility passes print in their places, the errors before the stage errors and the
+// warnings after the building warnings; a utility whose start is not a number passes the
+// library's tests and is the host's to report.
+TEST(SanityChecks, HostRunsTheUtilityPassesInTheirPlaces) {
+    ZorvoData doc = BuildingSite();
+    doc.DeleteSpecificBuilding(1, -1);
+    doc.SetTunnel(1, Tunnel());
+    CStage stage;
+    stage.SetName(L"Drive");
+    CBasicList l;
+    ASSERT_TRUE(l.SetString(L"2"));
+    stage.SetTunnels(l);
+    doc.SetStage(1, stage);
+    CSpecificUtility u;
+    u.SetName(L"U");
+    u.SetLineStart(kNaN);
+    u.SetLineEnd(25.0);
+    doc.SetSpecificUtility(1, u);
+    u.SetLineStart(20.0);
+    u.SetLineEnd(10.0);
+    doc.SetSpecificUtility(2, u);
+    doc.SetCircularExcavation(1, Shaft(L"S", 30.0, 0.0, 6.0)); // around the line's end
+    std::ostringstream out, err;
+    HostSession session(out, err, nullptr);
+    EXPECT_EQ(session.Check(doc, 1), HostSession::eErrors);
+    EXPECT_EQ(err.str(), Expected("utility output"));
+}

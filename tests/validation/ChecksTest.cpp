@@ -368,7 +368,8 @@ TEST(StageErrors, ReferencesThatDoNotExist) {
     CStage stage;
     stage.SetName(L"Drive");
     CBasicList l;
-    ASSERT_TRUE(l.SetString(L"1 -2 -3 2 to 4", 0));
+    // Each number that names no tunnel is reported, -3 and -2 excepted.
+    ASSERT_TRUE(l.SetString(L"1 -2 -3 -4 to -1 2 to 3", 0));
     stage.SetTunnels(l);
     ASSERT_TRUE(l.SetString(L"1", 0));
     stage.SetPolygonalExcavations(l);
@@ -384,6 +385,15 @@ TEST(StageErrors, ReferencesThatDoNotExist) {
     bool cancelled = false;
     EXPECT_TRUE(doc.StageErrors(m, cancelled));
     EXPECT_EQ(Utf8(m), kTexts.at("stage references"));
+
+    // A range far past the records is reported by its first thousand numbers.
+    ASSERT_TRUE(l.SetString(L"2 to 2000000000", 0));
+    stage.SetTunnels(l);
+    doc.SetStage(1, stage);
+    doc.DeleteStageProperty(1, -1);
+    EXPECT_TRUE(doc.StageErrors(m, cancelled));
+    ASSERT_EQ(m.size(), 1001u); // and the polygonal excavation 1
+    EXPECT_EQ(m[999].ToUtf8(), "Stage: Drive refers to Tunnel  1001 which does not exist.");
 }
 
 TEST(DisplacementChecks, RecordsWithoutExtentOrReference) {
