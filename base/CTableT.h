@@ -4,6 +4,7 @@
 #include "CString.h"
 #include "NamedEntity.h"
 
+#include <algorithm>
 #include <cmath>
 #include <cstddef>
 #include <utility>
@@ -23,7 +24,10 @@ template <class T> class CTableT : public NamedEntity {
         : NamedEntity(0, name), m_xUnit(xUnit), m_yUnit(yUnit) {}
 
     int NumPoint() const { return static_cast<int>(m_rows.size()); }
-    void Empty() { m_rows.clear(); }
+    void Empty() {
+        m_rows.clear();
+        m_ascending = true;
+    }
 
     int GetXUnit() const { return m_xUnit; }
     int GetYUnit() const { return m_yUnit; }
@@ -37,13 +41,23 @@ template <class T> class CTableT : public NamedEntity {
             return false;
         const std::pair<T, T> row(x, y); // x or y may be in a row that the growth moves
         const auto n = static_cast<std::size_t>(i);
-        if (n >= m_rows.size())
+        if (n >= m_rows.size()) {
+            // Rows of (0, 0) filling a gap seldom keep x in order: the table is scanned.
+            if (n > m_rows.size())
+                m_ascending = false;
             m_rows.resize(n + 1, std::pair<T, T>(T{}, T{}));
+        }
         m_rows[n] = row;
+        if (m_ascending)
+            m_ascending = InOrderAt(n);
         return true;
     }
     // Appends a row.
-    void AddPoint(const T& x, const T& y) { m_rows.emplace_back(x, y); }
+    void AddPoint(const T& x, const T& y) {
+        m_rows.emplace_back(x, y);
+        if (m_ascending)
+            m_ascending = InOrderAt(m_rows.size() - 1);
+    }
 
     // Deletes count rows from row first on; rows outside the table are ignored.
     void DeletePoints(int first, int count = 1) {
@@ -51,6 +65,7 @@ template <class T> class CTableT : public NamedEntity {
         if (first < 0 || first >= n || count <= 0)
             return;
         const int last = count > n - first ? n : first + count;
+        // Rows left of rows in order stay in order.
         m_rows.erase(m_rows.begin() + first, m_rows.begin() + last);
     }
 
@@ -84,6 +99,8 @@ template <class T> class CTableT : public NamedEntity {
     // than kMinStep, or no bracketing pair, throws code 3; x equal to the last row's x and
     // bracketed by no pair gives the last row's y.
     T GetValue(const T& x, bool quiet = false) const {
+        if (m_ascending && !m_rows.empty())
+            return GetValueInOrder(x, quiet);
         T xMin, xMax;
         GetXRange(xMin, xMax);
         if (x < xMin || x > xMax) {
@@ -122,12 +139,53 @@ template <class T> class CTableT : public NamedEntity {
     }
 
   private:
+    // Whether row n keeps x in order with its neighbours: never decreasing, no NaN.
+    bool InOrderAt(std::size_t n) const {
+        const T& x = m_rows[n].first;
+        if (!(x == x))
+            return false;
+        if (n > 0 && !(m_rows[n - 1].first <= x))
+            return false;
+        return n + 1 >= m_rows.size() || x <= m_rows[n + 1].first;
+    }
+
+    // GetValue of a table whose x never decrease, by bisection: the first pair in storage
+    // order with xa <= x < xb is the pair ending at the first row beyond x, so the value,
+    // and every exception, is the scan's to the bit.
+    T GetValueInOrder(const T& x, bool quiet) const {
+        const T& xMin = m_rows.front().first;
+        const T& xMax = m_rows.back().first;
+        if (x < xMin || x > xMax) {
+            if (quiet)
+                return T{};
+            if (x < xMin)
+                throw Util::CRange<T>(1, xMin);
+            throw Util::CRange<T>(0, xMax);
+        }
+        const auto beyond = std::upper_bound(
+            m_rows.begin(), m_rows.end(), x,
+            [](const T& v, const std::pair<T, T>& row) { return v < row.first; });
+        if (beyond != m_rows.begin() && beyond != m_rows.end()) {
+            const std::pair<T, T>& a = *(beyond - 1);
+            const std::pair<T, T>& b = *beyond;
+            const T d = b.first - a.first;
+            if (std::fabs(d) < kMinStep)
+                throw Util::CRange<T>(3, T{});
+            return (b.second - a.second) * (x - a.first) / d + a.second;
+        }
+        if (x == m_rows.back().first)
+            return m_rows.back().second;
+        throw Util::CRange<T>(3, T{});
+    }
+
     const std::pair<T, T>& Row(int i) const {
         const int n = i < 0 ? NumPoint() + i : i;
         return m_rows[static_cast<std::size_t>(n)];
     }
 
     std::vector<std::pair<T, T>> m_rows;
+    // x never decreases from row to row and holds no NaN: lookups bisect.
+    bool m_ascending = true;
     int m_xUnit = 0;
     int m_yUnit = 0;
 };

@@ -3,6 +3,8 @@
 
 #include <gtest/gtest.h>
 
+#include <cmath>
+#include <utility>
 #include <vector>
 
 using namespace Tevra;
@@ -154,4 +156,39 @@ TEST(CSplineT, CopiesTheTableAndLooksUpOnStraightLines) {
     EXPECT_TRUE(spline.GetCoefficients().empty());
     EXPECT_FALSE(spline.IsFitted());
     EXPECT_EQ(spline.GetValue(1.0), 2.0);
+}
+
+TEST(CTableT, RowsInOrderLookUpAsTheScanDoes) {
+    // The same rows twice: built in order, and built with a gap first, which the table
+    // then reads by scanning. Steps of 1 m, a step below the narrowest slope, a repeated
+    // x, and a last step of 0.3 m.
+    const std::vector<std::pair<double, double>> rows = {
+        {0.0, 1.0}, {1.0, -2.0}, {2.0, 0.5}, {2.0, 7.0}, {3.0, 1e-3}, {3.0 + 1e-11, 5.0},
+        {4.0, 4.0}, {4.3, -0.25}};
+    CTableT<double> inOrder, scanned;
+    for (const auto& r : rows)
+        inOrder.AddPoint(r.first, r.second);
+    scanned.SetPoint(1, rows[1].first, rows[1].second);
+    scanned.SetPoint(0, rows[0].first, rows[0].second);
+    for (size_t i = 2; i < rows.size(); ++i)
+        scanned.SetPoint(static_cast<int>(i), rows[i].first, rows[i].second);
+    ASSERT_TRUE(inOrder == scanned);
+
+    auto lookUp = [](const CTableT<double>& t, double x, bool quiet) {
+        try {
+            return std::make_pair(t.GetValue(x, quiet), -1);
+        } catch (const Util::CRange<double>& e) {
+            return std::make_pair(e.value, e.code);
+        }
+    };
+    std::vector<double> xs = {-0.5, 4.5, 3.0 + 5e-12, std::nan(""), 4.3, 0.0, 2.0, 3.0};
+    for (int k = 0; k <= 440; ++k)
+        xs.push_back(-0.1 + k * 0.01);
+    for (double x : xs)
+        for (bool quiet : {false, true}) {
+            const auto a = lookUp(inOrder, x, quiet);
+            const auto b = lookUp(scanned, x, quiet);
+            EXPECT_EQ(a.second, b.second) << x;
+            EXPECT_TRUE(a.first == b.first || (std::isnan(a.first) && std::isnan(b.first))) << x;
+        }
 }
