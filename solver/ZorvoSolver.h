@@ -131,6 +131,10 @@ class ZorvoSolver {
     // Copies the samples of each specific utility's line or displacement polyline at the
     // stage onto the utility; no calculation of its own.
     void CalcGroundMovements_UtilitiesSpecific(int stage);
+    // Movements at the points of every transect of each generic utility, worked out
+    // afresh: a horizontal transect's points as surface points, a sloping one's as the
+    // points of a sloping line. A transect's row of points is one unit of work.
+    void CalcGroundMovements_UtilitiesGeneric(int stage);
     // Samples of a building's line at each vertical offset and along the line itself;
     // false when cancelled part way.
     bool SpecificBuildingMovements(int stage, int building);
@@ -163,6 +167,10 @@ class ZorvoSolver {
             curvatureTable, boundaries, results);
     }
 
+    // Movement at a point of a sloping line or transect, in metres with no threshold and
+    // no strains, whether or not the point lies in an excavation.
+    void CalcSlopingPointResult(Data::GeoDispResult& result, int stage,
+                                Data::ESurfaceType surface) const;
     // Location k of a line; a sloping line gets displacements and no strains.
     void CalculateLinePointResult(Data::GeoDispResult& result, const Data::CDisplacementLine& line,
                                   int k, int stage) const;
