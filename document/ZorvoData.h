@@ -313,6 +313,13 @@ class ZorvoData : public LodraZorvoData {
     // floor(plan length / interval) + 1 (0 for a polyline that holds none); the sum over
     // every utility for -1.
     int NumGenericUtilityTransects(int g) const;
+    // Where transect t (1-based) of utility g crosses its polyline and its direction across
+    // (a plan unit vector), as the transect is built; false for a transect not built.
+    bool GetGenericUtilityTransectCrossing(int g, int t, Vec3<double>& point,
+                                           Vec3<double>& across) const;
+    // Point k (0-based) of a transect of utility g from its crossing and direction.
+    Vec3<double> GetGenericUtilityTransectPoint(int g, const Vec3<double>& point,
+                                                const Vec3<double>& across, int k) const;
     // End points (metres) of transect t (1-based) of utility g without building it; false,
     // with the outputs untouched, when g, t or the polyline does not exist. The last
     // transect is centred on the polyline's last vertex.
@@ -499,6 +506,27 @@ class ZorvoData : public LodraZorvoData {
     // Whether an interval point of building b's line lies within any excavation, at any
     // stage; adds one text when it does.
     bool SpecificBuildingCrossesExcavation(int b, std::vector<CString>& messages) const;
+    // Whether generic utility g (1-based) can be assessed: its polyline exists and has two
+    // points, its transect interval, length and points are positive, its pipe length fits
+    // the transect, and its dimension and criteria exist with no negative factor. Without
+    // report the first fault answers false and nothing is formatted; with report each
+    // fault adds its text and the checks go on.
+    bool ValidGenericUtility(int g, bool report, std::vector<CString>& messages) const;
+    bool ValidGenericUtility(int g) const;
+    // True when there is a generic utility and every one can be assessed.
+    bool ValidGenericUtilities() const;
+    // Generic utilities that cannot be assessed.
+    bool GenericUtilityErrors(std::vector<CString>& messages, bool& cancelled,
+                              const SCheckArgs& args = {}) const;
+    bool GenericUtilityErrors(std::vector<CString>& messages) const;
+    // Transects whose points lie within an excavation.
+    bool GenericUtilityWarnings(std::vector<CString>& messages, bool& cancelled,
+                                const SCheckArgs& args = {}) const;
+    bool GenericUtilityWarnings(std::vector<CString>& messages) const;
+    // Whether a point of transect t (1-based) of generic utility g lies within any
+    // excavation, whatever the stage; adds one text naming the first stage that lists the
+    // excavation (0 for none) when one does.
+    bool GenericUtilityCrossesExcavation(int g, int t, std::vector<CString>& messages) const;
     // Every error pass but the general one, each with a list of its own; does not stop
     // at a finding.
     bool ErrorsExist() const;

@@ -68,6 +68,17 @@ Vec3<double> AcrossDirection(const CPolylinePlus& polyline, const Vec3<double>& 
     return n;
 }
 
+// Where a transect at a chainage (metres) crosses the polyline, and its direction across;
+// false for a chainage that PointAt cannot place.
+bool Crossing(const CPolylinePlus& polyline, double chainage, Vec3<double>& point,
+              Vec3<double>& across) {
+    const int V = polyline.PointAt(chainage, point);
+    if (V == -1)
+        return false;
+    across = AcrossDirection(polyline, point, V);
+    return true;
+}
+
 // One row of a transect's tables: distance from its first point (metres), initial point
 // and displacement (metres).
 struct STransectRow {
@@ -163,12 +174,10 @@ void ZorvoData::PopulateGenericUtilityTransectsAndTheirPoints(int g) {
     const double spacing = T / (P - 1);
     for (int t = 0; t < static_cast<int>(count); ++t) {
         CUtilityTransect transect;
-        Vec3<double> point;
-        const int V = polyline->PointAt(t * I, point);
-        if (V == -1)
+        Vec3<double> point, n;
+        if (!Crossing(*polyline, t * I, point, n))
             continue;
         transect.SetPolylineIntersection(point);
-        const Vec3<double> n = AcrossDirection(*polyline, point, V);
         for (int k = 0; k < P; ++k) {
             const double d = T * 0.5 - Offset(k, spacing);
             GeoDispResult result;
@@ -186,6 +195,23 @@ bool ZorvoData::FitsInMemory(double transects, int points) const {
     const double samples = transects * static_cast<double>(points) * NumStages(true, false);
     return samples * sizeof(GeoDispResult) <= SystemMemory::Bytes() &&
            transects <= std::numeric_limits<int>::max();
+}
+
+bool ZorvoData::GetGenericUtilityTransectCrossing(int g, int t, Vec3<double>& point,
+                                                  Vec3<double>& across) const {
+    const CGenericUtility& utility = GetGenericUtility(g);
+    const CPolylinePlus* polyline = UtilityPolyline(*this, utility);
+    if (!polyline || polyline->NumPoint() < 2 || t < 1 || t > NumGenericUtilityTransects(g))
+        return false;
+    return Crossing(*polyline, (t - 1) * utility.GetInterval(), point, across);
+}
+
+Vec3<double> ZorvoData::GetGenericUtilityTransectPoint(int g, const Vec3<double>& point,
+                                                       const Vec3<double>& across, int k) const {
+    const CGenericUtility& utility = GetGenericUtility(g);
+    const double T = utility.GetLength();
+    const double d = T * 0.5 - Offset(k, T / (utility.GetDispPoints() - 1));
+    return Vec3<double>(point.x + across.x * d, point.y + across.y * d, point.z);
 }
 
 int ZorvoData::NumGenericUtilityTransects(int g) const {

@@ -348,6 +348,7 @@ bool ZorvoData::ErrorsExist() const {
     any |= DisplacementGridErrors(messages);
     any |= ExcavationErrors(messages, cancelled);
     any |= BuildingErrors(messages, cancelled);
+    any |= GenericUtilityErrors(messages, cancelled);
     any |= StageErrors(messages, cancelled);
     return any;
 }
@@ -363,6 +364,7 @@ bool ZorvoData::WarningsExist() {
     any |= DisplacementGridWarnings(messages);
     any |= ExcavationWarnings(messages, cancelled);
     any |= BuildingWarnings(messages, cancelled);
+    any |= GenericUtilityWarnings(messages, cancelled);
     // The building warnings run a second time, last, as they always have; the answer is
     // the same.
     any |= BuildingWarnings(messages, cancelled);
