@@ -130,8 +130,7 @@ double Perpendicular(double Dx, double Dy, double dx, double dy) {
         return len < CDirCos::kMinLength ? Vec3<double>(0.0, 0.0, 0.0) : v * (1.0 / len);
     };
     const CDirCos frame(unitOrZero(Vec3<double>(Dx, Dy, 0.0)),
-                        unitOrZero(Vec3<double>(-Dy, Dx, 0.0)), Vec3<double>(0.0, 0.0, 1.0),
-                        false);
+                        unitOrZero(Vec3<double>(-Dy, Dx, 0.0)), Vec3<double>(0.0, 0.0, 1.0), false);
     return frame.GtoL(Vec3<double>(dx, dy, 0.0)).y;
 }
 
@@ -269,27 +268,35 @@ void ZorvoData::GetParallelAndPerpendicularDisplacementsWRTUtilityTransect(
     const STransectRows rows = TransectRows(*this, stage, g, t);
     const double Dx = rows.Dx, Dy = rows.Dy;
     const double c = std::sqrt(Dx * Dx + Dy * Dy);
-    Table(rows, [&](const STransectRow& r) { return (Dy / c) * r.dy + (Dx / c) * r.dx; },
-          parallel);
-    Table(rows, [&](const STransectRow& r) { return Perpendicular(Dx, Dy, r.dx, r.dy); },
-          perpendicular);
+    Table(
+        rows, [&](const STransectRow& r) { return (Dy / c) * r.dy + (Dx / c) * r.dx; }, parallel);
+    Table(
+        rows, [&](const STransectRow& r) { return Perpendicular(Dx, Dy, r.dx, r.dy); },
+        perpendicular);
 }
 
 void ZorvoData::GetVerticalDisplacementsWRTUtilityTransect(int stage, int g, int t,
                                                            CTableD& table) const {
-    Table(TransectRows(*this, stage, g, t), [](const STransectRow& r) { return r.dz; }, table);
+    Table(
+        TransectRows(*this, stage, g, t), [](const STransectRow& r) { return r.dz; }, table);
 }
 
 void ZorvoData::GetInitialAndDisplPositionsWRTUtilityTransect(
     int stage, int g, int t, CTableD& initialX, CTableD& initialY, CTableD& initialZ,
     CTableD& displacedX, CTableD& displacedY, CTableD& displacedZ) const {
     const STransectRows rows = TransectRows(*this, stage, g, t);
-    Table(rows, [](const STransectRow& r) { return r.initial.x; }, initialX);
-    Table(rows, [](const STransectRow& r) { return r.initial.y; }, initialY);
-    Table(rows, [](const STransectRow& r) { return r.initial.z; }, initialZ);
-    Table(rows, [](const STransectRow& r) { return r.initial.x + r.dx; }, displacedX);
-    Table(rows, [](const STransectRow& r) { return r.initial.y + r.dy; }, displacedY);
-    Table(rows, [](const STransectRow& r) { return r.initial.z + r.dz; }, displacedZ);
+    Table(
+        rows, [](const STransectRow& r) { return r.initial.x; }, initialX);
+    Table(
+        rows, [](const STransectRow& r) { return r.initial.y; }, initialY);
+    Table(
+        rows, [](const STransectRow& r) { return r.initial.z; }, initialZ);
+    Table(
+        rows, [](const STransectRow& r) { return r.initial.x + r.dx; }, displacedX);
+    Table(
+        rows, [](const STransectRow& r) { return r.initial.y + r.dy; }, displacedY);
+    Table(
+        rows, [](const STransectRow& r) { return r.initial.z + r.dz; }, displacedZ);
 }
 
 void ZorvoData::GetMaxVerticalDisplacementProfileOfGenericUtility(int stage, int g,

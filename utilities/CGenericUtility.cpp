@@ -56,8 +56,9 @@ bool CGenericUtility::HorizontalMovementResultsExist(int stage) const {
 }
 
 bool CGenericUtility::PulloutAndRotationsExist(int stage) const {
-    return AnyTransect(m_transects,
-                       [stage](const CUtilityTransect& t) { return t.PulloutAndRotationsExist(stage); });
+    return AnyTransect(m_transects, [stage](const CUtilityTransect& t) {
+        return t.PulloutAndRotationsExist(stage);
+    });
 }
 
 bool CGenericUtility::UtilityStrainsExist(int stage) const {

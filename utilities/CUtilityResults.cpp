@@ -24,7 +24,7 @@ const std::vector<GeoDispResult>& CUtilityResults::GetHorizontalMovementResults(
 }
 
 void CUtilityResults::SetHorizontalMovementResult(int stage, int point,
-                                                   const GeoDispResult& result) {
+                                                  const GeoDispResult& result) {
     if (stage < 0 || point < 1)
         return;
     if (m_horizontalMovementResults.size() <= static_cast<size_t>(stage))
@@ -132,7 +132,7 @@ void CUtilityResults::SetPulloutAndRotationIteration(
 }
 
 void CUtilityResults::SetPulloutAndRotation(int stage, int iteration, int k,
-                                             const CPulloutAndRotation& r) {
+                                            const CPulloutAndRotation& r) {
     if (stage < 0 || iteration < 1 || k < 1)
         return;
     if (m_pulloutAndRotations.size() <= static_cast<size_t>(stage))
@@ -284,7 +284,7 @@ Vec2<double> PeakOverIterations(const CUtilityResults& u, int stage, Peak peakOf
 
 Vec2<double>
 CUtilityResults::GetMaximumRotation_Factored(int stage, int iteration,
-                                              const CAcceptanceCriteria& criteria) const {
+                                             const CAcceptanceCriteria& criteria) const {
     return PeakOverJoints(*this, stage, iteration, [&criteria](const CPulloutAndRotation& r) {
         return r.GetRotation_Factored(criteria);
     });
@@ -292,25 +292,22 @@ CUtilityResults::GetMaximumRotation_Factored(int stage, int iteration,
 
 Vec2<double>
 CUtilityResults::GetMaximumPullout_Factored(int stage, int iteration,
-                                             const CAcceptanceCriteria& criteria) const {
+                                            const CAcceptanceCriteria& criteria) const {
     return PeakOverJoints(*this, stage, iteration, [&criteria](const CPulloutAndRotation& r) {
         return r.GetPulloutTotal_Factored(criteria);
     });
 }
 
 Vec2<double>
-CUtilityResults::GetMaximumRotation_Factored(int stage,
-                                              const CAcceptanceCriteria& criteria) const {
-    return PeakOverIterations(*this, stage, [&](int it) {
-        return GetMaximumRotation_Factored(stage, it, criteria);
-    });
+CUtilityResults::GetMaximumRotation_Factored(int stage, const CAcceptanceCriteria& criteria) const {
+    return PeakOverIterations(
+        *this, stage, [&](int it) { return GetMaximumRotation_Factored(stage, it, criteria); });
 }
 
 Vec2<double>
 CUtilityResults::GetMaximumPullout_Factored(int stage, const CAcceptanceCriteria& criteria) const {
-    return PeakOverIterations(*this, stage, [&](int it) {
-        return GetMaximumPullout_Factored(stage, it, criteria);
-    });
+    return PeakOverIterations(
+        *this, stage, [&](int it) { return GetMaximumPullout_Factored(stage, it, criteria); });
 }
 
 bool CUtilityResults::GetMinRAD(int stage, Vec2<double>& locationAndRadius) const {
@@ -330,8 +327,8 @@ bool CUtilityResults::GetMinRAD(int stage, Vec2<double>& locationAndRadius) cons
 }
 
 bool CUtilityResults::GetMaximumTensileStrain(int stage, double& value, double& location,
-                                               const CAcceptanceCriteria& criteria,
-                                               bool neglect) const {
+                                              const CAcceptanceCriteria& criteria,
+                                              bool neglect) const {
     value = 0.0;
     location = 0.0;
     bool tension = false;
@@ -352,8 +349,8 @@ bool CUtilityResults::GetMaximumTensileStrain(int stage, double& value, double& 
 }
 
 bool CUtilityResults::GetMaximumCompressiveStrain(int stage, double& value, double& location,
-                                                   const CAcceptanceCriteria& criteria,
-                                                   bool neglect) const {
+                                                  const CAcceptanceCriteria& criteria,
+                                                  bool neglect) const {
     value = 0.0;
     location = 0.0;
     bool compression = false;
@@ -374,7 +371,7 @@ bool CUtilityResults::GetMaximumCompressiveStrain(int stage, double& value, doub
 }
 
 double CUtilityResults::GetMaxPulloutOrRotationValue(int stage, UtilityGlobal::EUDResultType type,
-                                                      const CAcceptanceCriteria& criteria) const {
+                                                     const CAcceptanceCriteria& criteria) const {
     double peak = kLowest;
     const size_t first = stage == -1 ? 0 : static_cast<size_t>(stage);
     const size_t end = stage == -1 ? m_pulloutAndRotations.size() : first + 1;
@@ -386,7 +383,7 @@ double CUtilityResults::GetMaxPulloutOrRotationValue(int stage, UtilityGlobal::E
 }
 
 double CUtilityResults::GetMinPulloutOrRotationValue(int stage, UtilityGlobal::EUDResultType type,
-                                                      const CAcceptanceCriteria& criteria) const {
+                                                     const CAcceptanceCriteria& criteria) const {
     double least = kLargest;
     const size_t first = stage == -1 ? 0 : static_cast<size_t>(stage);
     const size_t end = stage == -1 ? m_pulloutAndRotations.size() : first + 1;
@@ -399,7 +396,7 @@ double CUtilityResults::GetMinPulloutOrRotationValue(int stage, UtilityGlobal::E
 
 UtilityGlobal::EDamageCategory
 CUtilityResults::GetPulloutOrRotationCategory(int stage, UtilityGlobal::EUDResultType type,
-                                               const CAcceptanceCriteria& criteria) const {
+                                              const CAcceptanceCriteria& criteria) const {
     using namespace UtilityGlobal;
     const double value = GetMaxPulloutOrRotationValue(stage, type, criteria);
     if (type == ePulloutTotalFactored || type == eRotationDegreesFactored) {
@@ -420,7 +417,7 @@ CUtilityResults::GetPulloutOrRotationCategory(int stage, UtilityGlobal::EUDResul
 
 UtilityGlobal::EDamageCategory
 CUtilityResults::GetStrainCategory(int stage, UtilityGlobal::EStrainType type,
-                                    const CAcceptanceCriteria& criteria, bool neglect) const {
+                                   const CAcceptanceCriteria& criteria, bool neglect) const {
     using namespace UtilityGlobal;
     if (type == eTotalTensileStrainFactored || type == eTotalCompressiveStrainFactored) {
         double value = 0.0, location = 0.0;

@@ -130,8 +130,7 @@ bool CUtilityTransect::GetMaximumFlexuralStrainInCompression_Factored(
     });
 }
 
-bool CUtilityTransect::GetMaximumTensileStrain_Factored(int stage, double& value,
-                                                        double& location,
+bool CUtilityTransect::GetMaximumTensileStrain_Factored(int stage, double& value, double& location,
                                                         const CAcceptanceCriteria& criteria,
                                                         bool neglect) const {
     value = 0.0;

@@ -72,8 +72,7 @@ bool ZorvoData::ValidGenericUtility(int g, bool report, std::vector<CString>& me
 
     // The records it names.
     const int dimension = utility.GetDimension();
-    if ((dimension < 1 || dimension > NumUtilityDimensions()) &&
-        fault(203, object, g, dimension))
+    if ((dimension < 1 || dimension > NumUtilityDimensions()) && fault(203, object, g, dimension))
         return false;
     const int criteria = utility.GetCriteria();
     if (criteria < 1 || criteria > NumAcceptanceCriteria()) {

@@ -190,8 +190,8 @@ TEST(GenericUtilityTransects, TablesOfASlopingTransect) {
     ASSERT_EQ(profile.NumPoint(), 1);
     EXPECT_EQ(profile.GetX(0), 5.0);
     EXPECT_EQ(profile.GetY(0), -0.03);
-    ExpectPoint(doc.GetUtilityTransectPointAtADistFromItsStart(0, 1, 1, std::sqrt(104.0) / 2),
-                3, 4, 1);
+    ExpectPoint(doc.GetUtilityTransectPointAtADistFromItsStart(0, 1, 1, std::sqrt(104.0) / 2), 3, 4,
+                1);
 }
 
 TEST(GenericUtilityTransects, ResultsQuestionsAndDeletes) {

@@ -37,10 +37,14 @@ std::vector<unsigned char> TransectSamples(const ZorvoData& doc) {
     for (const CUtilityTransect& t : doc.GetGenericUtility(1).GetTransects())
         for (const auto& slot : t.Results().GetHorizontalMovementResults())
             for (const GeoDispResult& r : slot) {
-                const double v[] = {r.GetPoint().x,           r.GetPoint().y,
-                                    r.GetPoint().z,           r.GetXdisplacement(),
-                                    r.GetYdisplacement(),     r.GetZdisplacement(),
-                                    r.GetMajorPrincipalStrain(), r.GetMinorPrincipalStrain(),
+                const double v[] = {r.GetPoint().x,
+                                    r.GetPoint().y,
+                                    r.GetPoint().z,
+                                    r.GetXdisplacement(),
+                                    r.GetYdisplacement(),
+                                    r.GetZdisplacement(),
+                                    r.GetMajorPrincipalStrain(),
+                                    r.GetMinorPrincipalStrain(),
                                     r.GetPrincipalStrainAngle()};
                 const auto* c = reinterpret_cast<const unsigned char*>(v);
                 bytes.insert(bytes.end(), c, c + sizeof v);
