@@ -58,12 +58,14 @@ HostSession::ECheck HostSession::Check(ZorvoData& doc, int threads) {
         error(doc.DisplacementLineErrors(m)) && error(doc.DisplacementPolylineErrors(m)) &&
         error(doc.DisplacementGridErrors(m)) && error(doc.ExcavationErrors(m, cancelled, args)) &&
         error(doc.BuildingErrors(m, cancelled, args)) &&
+        error(doc.GenericUtilityErrors(m, cancelled, args)) &&
         error(doc.StageErrors(m, cancelled, args)) &&
         warning(doc.TunnelWarnings(m, cancelled, args)) &&
         warning(doc.DisplacementPointWarnings(m)) && warning(doc.DisplacementLineWarnings(m)) &&
         warning(doc.DisplacementPolylineWarnings(m)) && warning(doc.DisplacementGridWarnings(m)) &&
         warning(doc.ExcavationWarnings(m, cancelled, args)) &&
-        warning(doc.BuildingWarnings(m, cancelled, args));
+        warning(doc.BuildingWarnings(m, cancelled, args)) &&
+        warning(doc.GenericUtilityWarnings(m, cancelled, args));
     if (!ran)
         return eCancelled;
 
