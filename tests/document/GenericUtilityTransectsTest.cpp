@@ -216,3 +216,36 @@ TEST(GenericUtilityTransects, ResultsQuestionsAndDeletes) {
     doc.GetGenericUtilityDescription(text, 1, true);
     EXPECT_EQ(text, CString(L"Generic Utility 1: Generic Utility #"));
 }
+
+// The profiles take each transect's first row of largest magnitude; with -1 each slot in
+// turn overwrites, so the last slot's peaks stand. A transect along +x from (0, 0) to
+// (2, 0): a movement of (0, 0.01) is 0 along it and 0.01 to its left.
+TEST(GenericUtilityTransects, ProfilesKeepTheFirstPeakAndTheLastSlot) {
+    ZorvoData doc = Route();
+    doc.SetStage(1, CStage());
+    CUtilityTransect t;
+    const double dy0[3] = {0.01, -0.01, 0.005}; // slot 0: two equal peaks
+    const double dy1[3] = {0.0, 0.002, -0.003}; // slot 1
+    for (int k = 0; k < 3; ++k) {
+        t.AddResult(0, Sample(Vec3<double>(k, 0, 0), 0.0, dy0[k], -dy0[k]));
+        t.AddResult(1, Sample(Vec3<double>(k, 0, 0), dy1[k], dy1[k], 0.0));
+    }
+    CGenericUtility g = doc.GetGenericUtility(1);
+    g.AddTransect(t);
+    g.AddTransect(t);
+    doc.SetGenericUtility(1, g);
+
+    CTableD par, perp, vertical;
+    doc.GetMaxParallelAndPerpendicularDisplacementProfileOfGenericUtility(0, 1, par, perp);
+    doc.GetMaxVerticalDisplacementProfileOfGenericUtility(0, 1, vertical);
+    ASSERT_EQ(perp.NumPoint(), 2);
+    EXPECT_EQ(perp.GetX(1), 0.0); // the first of 0.01 and -0.01
+    EXPECT_EQ(perp.GetY(1), 0.01);
+    EXPECT_EQ(par.GetY(0), 0.0); // nothing along the transect: the start (0, 0) stands
+    EXPECT_EQ(vertical.GetY(1), -0.01);
+
+    doc.GetMaxParallelAndPerpendicularDisplacementProfileOfGenericUtility(-1, 1, par, perp);
+    EXPECT_EQ(par.GetX(0), 2.0);
+    EXPECT_EQ(par.GetY(0), -0.003);
+    EXPECT_EQ(perp.GetY(0), -0.003);
+}
