@@ -142,8 +142,9 @@ bool ZorvoData::GenericUtilityWarnings(std::vector<CString>& messages, bool& can
     CCheckPass pass(messages, cancelled, args, L"warnings", 0);
     for (int g = 1; g <= NumGenericUtilities(); ++g) {
         // A utility that cannot be set out has no transects to cross anything; its
-        // errors say why.
-        if (!ValidGenericUtility(g))
+        // errors, or the host's, say why.
+        if (!ValidGenericUtility(g) ||
+            !FitsInMemory(NumGenericUtilityTransects(g), GetGenericUtility(g).GetDispPoints()))
             continue;
         for (int t = 1; t <= NumGenericUtilityTransects(g); ++t) {
             if (pass.Stopped())
