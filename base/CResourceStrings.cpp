@@ -34,6 +34,19 @@ const Entry kTable[] = {
          L"%i. Results should be treated with caution as Zorvo does not account for bends."},
     {214, L"Utility %i crosses at least one excavation in Stage %i. Its utility damage results in "
           L"that area should be treated with caution."},
+    // Generic utilities that cannot be assessed, and a transect that crosses an excavation.
+    {13, L"Negative number of displacement points is specified for transects of %s %i"},
+    {14, L"Transect length of %s %i is negative."},
+    {15, L"Transect interval of %s %i is negative"},
+    {16, L"%s input for %s %i is zero."},
+    {17, L"The number of displacement points specified is zero for transects of %s %i."},
+    {43, L"%s %i refers to Polyline %i. This polyline has not been defined."},
+    {183, L"%s %i refers to Polyline %i.  This polyline is incomplete."},
+    {193, L"Generic Utility %i's pipe length is greater than its polyline's transect length."},
+    {212, L"Transect %i of Generic Utility %i crosses at least one excavation in Stage %i. Its "
+          L"utility damage results in that area should be treated with caution."},
+    {225, L"Generic Utility %i's pipe segment length is zero"},
+    {255, L"Generic Utility %i's pipe segment length is negative."},
     // Specific buildings that cannot be assessed, and one that crosses an excavation.
     {24, L"No vertical offsets input for %s building %i.\n"},
     {258, L"Building %i's settlement trough limit sensitivity is negative."},

@@ -464,6 +464,12 @@ const char* JsonName(int id) {
         return "isRadiusofCurvature";
     case jnRadiusofCurvature:
         return "radiusofCurvature";
+    case jnTransects:
+        return "transects";
+    case jnTransect:
+        return "transect";
+    case jnPolylineIntersection:
+        return "polylineIntersection";
     }
     return nullptr;
 }

@@ -143,6 +143,9 @@ enum EJsonNameID : int {
     jnOrientationAngle,
     jnIsRadiusofCurvature,
     jnRadiusofCurvature,
+    jnTransects,
+    jnTransect,
+    jnPolylineIntersection,
 
     // Fields of our own records.
     jnName = 90001,

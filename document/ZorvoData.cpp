@@ -129,6 +129,8 @@ void ZorvoData::DeleteResults() {
     DeleteBuildingMovementResults(-1);
     DeleteSpecificPulloutAndRotations(-1);
     DeleteSpecificUtilityMovementResults(-1);
+    DeleteGenericUDResults(-1);
+    DeleteGenericUtilityMovementResults(-1);
 }
 
 bool ZorvoData::ResultsExist(int stage) const {
@@ -144,6 +146,8 @@ bool ZorvoData::ResultsExist(int stage) const {
     if (SpecificUtilityPulloutAndRotationsExist(stage, -1))
         return true;
     if (SpecificUtilityStrainsExist(stage, -1))
+        return true;
+    if (GenericUtilityResultsExist(stage, -1))
         return true;
     return false;
 }
@@ -237,6 +241,9 @@ void ZorvoData::ResizeResultsAndSetupTransects() {
                 : GetDisplacementLine(utility.GetDisplacementLine()).NumDisplacementLocations(true);
         AccessSpecificUtility(u).ResizeHorizontalMovementResults(buildingStages, points);
     }
+    // Generic utilities, with no test of their validity: the checks keep a utility that
+    // cannot be set out from the run.
+    SetupTransects();
 }
 
 bool ZorvoData::IsPointInAnyExcavation(const Vec3<double>& point, int stage) const {

@@ -63,7 +63,7 @@ class ZorvoData : public LodraZorvoData {
     // Resource number of a family's title; 0 for a value that is no family.
     static int TitleID(EModuleID module);
 
-    // Sizes every result store before a run.
+    // Sizes every result store and sets out the transects before a run.
     void ResizeResultsAndSetupTransects();
     // True when a point lies within an excavation that exists in the stage.
     bool IsPointInAnyExcavation(const Vec3<double>& point, int stage) const;
@@ -318,6 +318,69 @@ class ZorvoData : public LodraZorvoData {
     // True when there is a specific utility and every one can be assessed.
     bool ValidSpecificUtilities() const;
 
+    // ---- Generic utilities and their transects ----------------------------------------
+    // Sets out the transects of every generic utility afresh (their results go with them).
+    void SetupTransects();
+    // Rebuilds the transects of generic utility g (1-based): one at every interval of
+    // chainage along its polyline from 0, each a row of DispPoints points, Length long,
+    // at right angles to the polyline in plan and at the polyline's level, the first point
+    // on one side and the crossing in the middle. Every stage slot of the document gets
+    // the points. A polyline that is missing or has one point, an interval that gives no
+    // count (0, not a number), and a count whose points would not fit in this machine's
+    // memory build no transects.
+    void PopulateGenericUtilityTransectsAndTheirPoints(int g);
+    // Whether that many transects of that many points, in every stage slot, fit in memory.
+    bool FitsInMemory(double transects, int points) const;
+    // Transects that PopulateGenericUtilityTransectsAndTheirPoints sets out for utility g,
+    // floor(plan length / interval) + 1 (0 for a polyline that holds none); the sum over
+    // every utility for -1.
+    int NumGenericUtilityTransects(int g) const;
+    // Where transect t (1-based) of utility g crosses its polyline and its direction across
+    // (a plan unit vector), as the transect is built; false for a transect not built.
+    bool GetGenericUtilityTransectCrossing(int g, int t, Vec3<double>& point,
+                                           Vec3<double>& across) const;
+    // Point k (0-based) of a transect of utility g from its crossing and direction.
+    Vec3<double> GetGenericUtilityTransectPoint(int g, const Vec3<double>& point,
+                                                const Vec3<double>& across, int k) const;
+    // End points (metres) of transect t (1-based) of utility g without building it; false,
+    // with the outputs untouched, when g, t or the polyline does not exist. The last
+    // transect is centred on the polyline's last vertex.
+    bool GetGenericUtilityTransectStartAndEnd(int g, int t, Vec3<double>& start,
+                                              Vec3<double>& end) const;
+    // Tables along transect t of utility g at a slot, against the plan distance from its
+    // first point (metres), one row a point, not clipped: horizontal movement along the
+    // transect and to its left, vertical movement, and the initial and displaced points.
+    void GetParallelAndPerpendicularDisplacementsWRTUtilityTransect(int stage, int g, int t,
+                                                                    CTableD& parallel,
+                                                                    CTableD& perpendicular) const;
+    void GetVerticalDisplacementsWRTUtilityTransect(int stage, int g, int t,
+                                                    CTableD& table) const;
+    void GetInitialAndDisplPositionsWRTUtilityTransect(int stage, int g, int t, CTableD& initialX,
+                                                       CTableD& initialY, CTableD& initialZ,
+                                                       CTableD& displacedX, CTableD& displacedY,
+                                                       CTableD& displacedZ) const;
+    // One row per transect, row t - 1 holding (x, signed value) of the transect's largest
+    // movement (the first of equal peaks); with -1 slot by slot, the last slot standing.
+    void GetMaxVerticalDisplacementProfileOfGenericUtility(int stage, int g, CTableD& table) const;
+    void GetMaxParallelAndPerpendicularDisplacementProfileOfGenericUtility(
+        int stage, int g, CTableD& parallel, CTableD& perpendicular) const;
+    // The point at distance d (metres) from the first point of transect t towards its last.
+    Vec3<double> GetUtilityTransectPointAtADistFromItsStart(int stage, int g, int t,
+                                                            double d) const;
+    // Counts and questions over the transects of utility g (-1: all) in a slot (-1: all).
+    int NumGenericUtilityPulloutAndRotations(int stage, int g) const;
+    int NumGenericUtilityStrains(int stage, int g) const;
+    bool GenericUtilityHorizontalMovementResultsExist(int stage, int g) const;
+    bool GenericUtilityPulloutAndRotationsExist(int stage, int g) const;
+    bool GenericUtilityStrainsExist(int stage, int g) const;
+    bool GenericUtilityResultsExist(int stage, int g) const;
+    // Drops the joints and strains, and the movement samples, of every transect (-1: all
+    // slots).
+    void DeleteGenericUDResults(int stage);
+    void DeleteGenericUtilityMovementResults(int stage);
+    // "Generic Utility 2: Gas main" with the number, else "Generic Utility: Gas main".
+    void GetGenericUtilityDescription(CString& out, int g, bool number) const;
+
     // Stages and stage properties.
     ZORVO_NUMBERED_FAMILY(StageProperty, StageProperties, CStageProperty, m_stageProperties)
     // n, plus one with the base; counting only enabled stages with enabledOnly.
@@ -486,6 +549,27 @@ class ZorvoData : public LodraZorvoData {
     // wrong with them is an error of StageErrors.
     bool StageWarnings(std::vector<CString>& messages, bool& cancelled,
                        const SCheckArgs& args = {}) const;
+    // Whether generic utility g (1-based) can be assessed: its polyline exists and has two
+    // points, its transect interval, length and points are positive, its pipe length fits
+    // the transect, and its dimension and criteria exist with no negative factor. Without
+    // report the first fault answers false and nothing is formatted; with report each
+    // fault adds its text and the checks go on.
+    bool ValidGenericUtility(int g, bool report, std::vector<CString>& messages) const;
+    bool ValidGenericUtility(int g) const;
+    // True when there is a generic utility and every one can be assessed.
+    bool ValidGenericUtilities() const;
+    // Generic utilities that cannot be assessed.
+    bool GenericUtilityErrors(std::vector<CString>& messages, bool& cancelled,
+                              const SCheckArgs& args = {}) const;
+    bool GenericUtilityErrors(std::vector<CString>& messages) const;
+    // Transects whose points lie within an excavation.
+    bool GenericUtilityWarnings(std::vector<CString>& messages, bool& cancelled,
+                                const SCheckArgs& args = {}) const;
+    bool GenericUtilityWarnings(std::vector<CString>& messages) const;
+    // Whether a point of transect t (1-based) of generic utility g lies within any
+    // excavation, whatever the stage; adds one text naming the first stage that lists the
+    // excavation (0 for none) when one does.
+    bool GenericUtilityCrossesExcavation(int g, int t, std::vector<CString>& messages) const;
     // Every error pass but the general one, each with a list of its own; does not stop
     // at a finding.
     bool ErrorsExist() const;

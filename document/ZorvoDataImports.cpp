@@ -5,6 +5,11 @@
 
 namespace Tevra::Data {
 
+namespace {
+// Import match bit of a generic utility's sample that took an imported displacement.
+constexpr int kImportGenericUtilityBit = 16;
+} // namespace
+
 bool ZorvoData::AddImportedDisplacementIfCoincident(CImportedDisplacement& d, GeoDispResult& sample,
                                                     int bit) {
     const Vec3<double>& p = sample.GetPoint();
@@ -38,9 +43,18 @@ void ZorvoData::AddImportedDisplacementsToUtilsBuildsRails(int stage, int set) {
         //     at the stage: bit 16;
         //  c. each rail track from 1, each of its result sets at the stage: the main
         //     results, bit 128; then the two side lists, bits 256 and 512.
-        // The project has none of these families yet, so no sample meets d.
-        (void)d;
-        (void)stage;
+        // The project has no generic buildings or rail tracks yet.
+        for (int g = 1; g <= NumGenericUtilities(); ++g) {
+            CGenericUtility& utility = AccessGenericUtility(g);
+            for (int t = 1; t <= utility.NumTransects(); ++t) {
+                CUtilityTransect& transect = utility.AccessTransect(t);
+                for (int k = 1; k <= transect.NumHorizontalMovementResults(stage); ++k) {
+                    GeoDispResult sample = transect.GetHorizontalMovementResult(stage, k);
+                    if (AddImportedDisplacementIfCoincident(d, sample, kImportGenericUtilityBit))
+                        transect.SetHorizontalMovementResult(stage, k, sample);
+                }
+            }
+        }
     }
     AccessImportedDisplacementsSet(set).SetDisplacements(list);
 }

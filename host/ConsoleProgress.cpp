@@ -66,6 +66,9 @@ int FamilyCount(const Data::ZorvoData& doc, long long code) {
     case 45:
     case 50:
         return doc.NumSpecificUtilities();
+    case 47:
+    case 51:
+        return doc.NumGenericUtilities();
     default:
         return 0;
     }

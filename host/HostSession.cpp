@@ -73,6 +73,7 @@ HostSession::ECheck HostSession::Check(ZorvoData& doc, int threads) {
     if (ran && !errors && sizeFits)
         doc.ResizeResultsAndSetupTransects();
     ran = ran && error(doc.UtilityErrors(m, cancelled, args)) &&
+          error(doc.GenericUtilityErrors(m, cancelled, args)) &&
           error(doc.StageErrors(m, cancelled, args)) &&
           warning(doc.TunnelWarnings(m, cancelled, args)) &&
           warning(doc.DisplacementPointWarnings(m)) && warning(doc.DisplacementLineWarnings(m)) &&
@@ -80,7 +81,8 @@ HostSession::ECheck HostSession::Check(ZorvoData& doc, int threads) {
           warning(doc.DisplacementGridWarnings(m)) &&
           warning(doc.ExcavationWarnings(m, cancelled, args)) &&
           warning(doc.BuildingWarnings(m, cancelled, args)) &&
-          warning(doc.UtilityWarnings(m, cancelled, args));
+          warning(doc.UtilityWarnings(m, cancelled, args)) &&
+          warning(doc.GenericUtilityWarnings(m, cancelled, args));
     if (!ran)
         return eCancelled;
 

@@ -79,6 +79,18 @@ void PrintImportedSets(const ZorvoData& doc, std::ostream& out) {
     }
 }
 
+// One line per generic utility: the transects a run sets out along its polyline.
+void PrintGenericUtilities(const ZorvoData& doc, std::ostream& out) {
+    for (int n = 1; n <= doc.NumGenericUtilities(); ++n) {
+        const CGenericUtility& g = doc.GetGenericUtility(n);
+        const int transects = doc.NumGenericUtilityTransects(n);
+        out << "  generic utility " << n << " \"" << g.GetName().ToUtf8() << "\": " << transects
+            << (transects == 1 ? " transect" : " transects") << " of " << g.GetDispPoints()
+            << " points, " << g.GetLength() << " m long, every " << g.GetInterval()
+            << " m along polyline " << g.GetPolyline() << '\n';
+    }
+}
+
 } // namespace
 
 int InfoCommand(HostSession& session, const std::string& file) {
@@ -119,6 +131,7 @@ int InfoCommand(HostSession& session, const std::string& file) {
         << doc.NumStandardUtilityDimensions() << " standard)\n"
         << "  acceptance criteria: " << doc.NumAcceptanceCriteria() << " ("
         << doc.NumStandardAcceptanceCriteria() << " standard)\n";
+    PrintGenericUtilities(doc, out);
     out << "  calculation stages: " << doc.NumStages(true, false)
         << (doc.IsSmoothingOn() ? " (with re-entrant corner smoothing)" : "") << '\n';
     PrintExcavations(doc, out);

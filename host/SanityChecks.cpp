@@ -864,6 +864,10 @@ std::vector<SanityChecks::SFinding> SanityChecks::Inputs(const ZorvoData& doc) {
         const CGenericUtility& u = doc.GetGenericUtility(n);
         RecordFindings f(out, Label("Generic Utility", n, u.GetName()));
         CheckUtility(doc, u, f);
+        // A transect interval or length that is not a number passes every comparison of
+        // the library's checks, and the run would set out nothing.
+        f.Finite("the transect interval", u.GetInterval(), "the chainage between transects in metres");
+        f.Finite("the transect length", u.GetLength(), "the length of a transect in metres");
     }
     return out;
 }
@@ -898,6 +902,25 @@ std::vector<SanityChecks::SFinding> SanityChecks::RunSize(const ZorvoData& doc, 
         out.push_back({true, "The displacement records have " + Scientific(total) + " samples in " +
                                  Stages(stages) + ": about " + SystemMemory::Describe(bytes) +
                                  memory + "; reduce their intervals or the stages"});
+    }
+
+    // The transects of each generic utility, in every stage slot. The library sets out
+    // none for a count that memory cannot hold; here such a count is refused.
+    for (int n = 1; !refused && n <= doc.NumGenericUtilities(); ++n) {
+        const CGenericUtility& g = doc.GetGenericUtility(n);
+        const double transects = doc.NumGenericUtilityTransects(n);
+        const double samples = transects * std::max(g.GetDispPoints(), 0);
+        const double need = samples * stages * kBytesPerSample;
+        if (memoryBytes > 0.0 &&
+            (need > limit || !doc.FitsInMemory(transects, g.GetDispPoints()))) {
+            refused = true;
+            out.push_back({true, Label("Generic Utility", n, g.GetName()) + " sets out " +
+                                     Scientific(transects) + " transects of " +
+                                     std::to_string(g.GetDispPoints()) + " points in " +
+                                     Stages(stages) + ": about " + SystemMemory::Describe(need) +
+                                     memory + "; increase its transect interval or reduce its "
+                                              "displacement points"});
+        }
     }
 
     const bool mines = doc.GetGeneral().GetProblemType() == eMine;

@@ -122,6 +122,9 @@ bool ZorvoSolver::Solve() {
         SpecificBuildingDamageAssessment(*m_doc, s, false);
         if (m_cancelled.load(std::memory_order_relaxed))
             break;
+        CalculateGenericUtilityDamage(*m_doc, s);
+        if (m_cancelled.load(std::memory_order_relaxed))
+            break;
     }
     if (S < 1)
         return true;
@@ -172,8 +175,11 @@ void ZorvoSolver::CalcGroundMovements_All(int stage) {
     CalcGroundMovements_UtilitiesSpecific(stage);
     if (m_cancelled.load(std::memory_order_relaxed))
         return;
-    // Generic buildings join before the specific utilities, generic utilities and rail
-    // tracks after them, each followed by the cancel test.
+    CalcGroundMovements_UtilitiesGeneric(stage);
+    if (m_cancelled.load(std::memory_order_relaxed))
+        return;
+    // Generic buildings join before the specific utilities, and rail tracks after the
+    // generic utilities, each followed by the cancel test.
     AddImportedDisplacementsToResults(stage, false, true,
                                       m_prefs->GetImportedDisplacementTolerance());
 }
@@ -384,13 +390,18 @@ void ZorvoSolver::CalculateLinePointResult(GeoDispResult& result, const CDisplac
         CalcPointResult(result, *m_doc, stage, line.GetSurfaceType(), true);
         return;
     }
+    CalcSlopingPointResult(result, stage, line.GetSurfaceType());
+}
+
+void ZorvoSolver::CalcSlopingPointResult(GeoDispResult& result, int stage,
+                                         ESurfaceType surface) const {
     const Vec3<double> p = result.GetPoint();
     const double zero = 0.0;
     double out[4];
     if (m_sources && m_sources->Stage() == stage)
-        ZorvoCal::tun28_(*m_sources, p.x, p.y, p.z, line.GetSurfaceType(), zero, zero, out);
+        ZorvoCal::tun28_(*m_sources, p.x, p.y, p.z, surface, zero, zero, out);
     else
-        ZorvoCal::tun28_(*m_doc, stage, p.x, p.y, p.z, line.GetSurfaceType(), zero, zero, out);
+        ZorvoCal::tun28_(*m_doc, stage, p.x, p.y, p.z, surface, zero, zero, out);
     result.SetXdisplacement(kMmToM * out[0]);
     result.SetYdisplacement(kMmToM * out[1]);
     result.SetZdisplacement(kMmToM * out[2]);

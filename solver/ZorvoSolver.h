@@ -157,6 +157,14 @@ class ZorvoSolver {
                                                            initialZ, displacedX, displacedY,
                                                            displacedZ);
     }
+    // Movements at the points of every transect of each generic utility, worked out
+    // afresh: a horizontal transect's points as surface points, a sloping one's as the
+    // points of a sloping line. A transect's row of points is one unit of work.
+    void CalcGroundMovements_UtilitiesGeneric(int stage);
+    // Pullouts, rotations and strains along every transect of the generic utilities of a
+    // stage, in parallel, one utility a thread, its transects in turn. A utility that
+    // fails its check's silent form is passed over.
+    void CalculateGenericUtilityDamage(Data::ZorvoData& doc, int stage);
     // Samples of a building's line at each vertical offset and along the line itself;
     // false when cancelled part way.
     bool SpecificBuildingMovements(int stage, int building);
@@ -165,7 +173,7 @@ class ZorvoSolver {
     void WriteExactVerticalImportMatchesToImportedDisplacementsForSpecificBuilding(
         const Data::CSpecificBuilding& building, int stage, int numOffsets, int numIntervals);
     // Families whose assessments can leave a note, in the order the notes are listed.
-    enum ENoteFamily { eNoteBuilding = 0, eNoteSpecificUtility = 1 };
+    enum ENoteFamily { eNoteBuilding = 0, eNoteSpecificUtility = 1, eNoteGenericUtility = 2 };
     void AddNote(int stage, int building, int offset, const CString& text) {
         AddNote(stage, eNoteBuilding, building, offset, text);
     }
@@ -194,6 +202,10 @@ class ZorvoSolver {
             curvatureTable, boundaries, results);
     }
 
+    // Movement at a point of a sloping line or transect, in metres with no threshold and
+    // no strains, whether or not the point lies in an excavation.
+    void CalcSlopingPointResult(Data::GeoDispResult& result, int stage,
+                                Data::ESurfaceType surface) const;
     // Location k of a line; a sloping line gets displacements and no strains.
     void CalculateLinePointResult(Data::GeoDispResult& result, const Data::CDisplacementLine& line,
                                   int k, int stage) const;

@@ -40,14 +40,6 @@ CString LookupNote(int utility, const CString& name, int stage, int code) {
                               utility, name.GetString(), stage, code);
 }
 
-// Drops the joints and strains of a slot, keeping the movement samples.
-void DeleteDamageResults(CSpecificUtility& u, int stage) {
-    for (int t = u.NumPulloutAndRotationIterations(stage); t >= 1; --t)
-        u.DeletePulloutAndRotationIteration(stage, t);
-    for (int k = u.NumUtilityStrains(stage); k >= 1; --k)
-        u.DeleteUtilityStrain(stage, k);
-}
-
 } // namespace
 
 void ZorvoSolver::CalculateSpecificUtilityDamage(ZorvoData& doc, int stage) {
@@ -95,10 +87,8 @@ bool ZorvoSolver::SpecificUtilityDamage(ZorvoData& doc, int stage, int u) {
                                                                    perpendicular);
     doc.GetInitialAndDisplPositionsWRTUtility(stage, u, initialX, initialY, initialZ, displacedX,
                                               displacedY, displacedZ);
-    CUtilityDamageAssessment::SCurves curves{
-        CSplineT<double>(parallel),   CSplineT<double>(perpendicular), CSplineT<double>(initialX),
-        CSplineT<double>(initialY),   CSplineT<double>(initialZ),      CSplineT<double>(displacedX),
-        CSplineT<double>(displacedY), CSplineT<double>(displacedZ)};
+    CUtilityDamageAssessment::SCurves curves = CUtilityDamageAssessment::Curves(
+        parallel, perpendicular, initialX, initialY, initialZ, displacedX, displacedY, displacedZ);
 
     CUtilityDamageAssessment::SPolylinePipe along;
     if (polyline) {
@@ -117,25 +107,17 @@ bool ZorvoSolver::SpecificUtilityDamage(ZorvoData& doc, int stage, int u) {
     }
 
     try {
-        std::vector<CPulloutAndRotation> joints;
-        const bool finished = CUtilityDamageAssessment::Walk(
-            pipe, polyline ? &along : nullptr, curves, [this] { return LoopCancelled(); }, joints,
-            [&](int k, const CUtilityStrain& row) { utility.SetUtilityStrain(stage, k, row); });
         // A cancelled utility is left as it stands.
-        if (!finished)
-            return false;
-        const std::vector<std::vector<CPulloutAndRotation>> layouts =
-            CUtilityDamageAssessment::FormIterations(
-                joints, pipe.pipeLength, CUtilityDamageAssessment::JOINT_SPACING_TOLERANCE,
-                polyline);
-        for (size_t t = 0; t < layouts.size(); ++t)
-            utility.SetPulloutAndRotationIteration(stage, static_cast<int>(t) + 1, layouts[t]);
+        return CUtilityDamageAssessment::Assess(
+            pipe, polyline ? &along : nullptr, curves,
+            CUtilityDamageAssessment::JOINT_SPACING_TOLERANCE, [this] { return LoopCancelled(); },
+            utility.AccessResults(), stage);
     } catch (const Util::CRange<double>& e) {
         // Two samples closer than a table can tell apart (duplicate vertices), or a lookup
         // past the samples: this utility has no damage results at this stage, and the run
         // goes on with the next.
         AddNote(stage, eNoteSpecificUtility, u, 0, LookupNote(u, utility.Name(), stage, e.code));
-        DeleteDamageResults(utility, stage);
+        CUtilityDamageAssessment::DeleteAssessment(utility.AccessResults(), stage);
     }
     return true;
 }

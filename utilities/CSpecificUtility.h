@@ -4,6 +4,7 @@
 #include "base/Vec2.h"
 #include "utilities/CPulloutAndRotation.h"
 #include "utilities/CUtility.h"
+#include "utilities/CUtilityResults.h"
 #include "utilities/CUtilityStrain.h"
 
 #include <vector>
@@ -19,14 +20,9 @@ namespace Tevra::Data {
 // assessment and the strains along it.
 class CSpecificUtility : public CUtility {
   public:
-    // Joint results by [stage slot][iteration - 1][joint - 1]. Each iteration is one
-    // layout of the joints, assuming another first joint.
-    using PulloutStore = std::vector<std::vector<std::vector<CPulloutAndRotation>>>;
-    // Strain rows by [stage slot][row - 1].
-    using StrainStore = std::vector<std::vector<CUtilityStrain>>;
-
-    // Samples by [stage slot][point - 1].
-    using HorizontalMovementStore = std::vector<std::vector<GeoDispResult>>;
+    using PulloutStore = CUtilityResults::PulloutStore;
+    using StrainStore = CUtilityResults::StrainStore;
+    using HorizontalMovementStore = CUtilityResults::HorizontalMovementStore;
 
     // "Displacement Line" and "Displacement Polyline", by EDisplacementDataType.
     static const wchar_t* const DISPLACEMENT_DATA_TYPE_STRINGS[2];
@@ -82,126 +78,157 @@ class CSpecificUtility : public CUtility {
     // ceil((end - start) / pipe length) - 1; 10 m of 3 m pipes has 3, 9 m has 2.
     int GetNumberOfJoints() const;
 
-    // ---- Samples of the line or polyline, by stage slot ----------------------------
-    // Points are numbered from 1. Get does not test its indices: ask Exists first.
-    // Set grows the slots and the points as needed, so that the solver's threads each
-    // grow only their own utility's store.
-    bool HorizontalMovementResultExists(int stage, int point) const;
-    int NumHorizontalMovementResults(int stage) const;
-    const GeoDispResult& GetHorizontalMovementResult(int stage, int point) const {
-        return m_horizontalMovementResults[static_cast<size_t>(stage)]
-                                          [static_cast<size_t>(point - 1)];
-    }
-    // The samples of a slot; empty outside the store.
-    const std::vector<GeoDispResult>& GetHorizontalMovementResults(int stage) const;
-    const HorizontalMovementStore& GetHorizontalMovementResults() const {
-        return m_horizontalMovementResults;
-    }
-    void SetHorizontalMovementResult(int stage, int point, const GeoDispResult& result);
-    // Removes one sample; the later ones move up by one. Nothing outside the store.
-    void DeleteHorizontalMovementResult(int stage, int point);
-    // Empties a slot (-1: drops every slot).
-    void DeleteHorizontalMovementResults(int stage);
-    // Sizes the store to that many slots of that many fresh samples.
-    void ResizeHorizontalMovementResults(int stages, int points);
-    // Whether the slot holds a sample; -1 asks whether any slot does.
-    bool HorizontalMovementResultsExist(int stage) const;
-    void ClearHorizontalMovementResults() { m_horizontalMovementResults.clear(); }
+    // ---- Results, by stage slot ----------------------------------------------------
+    // The samples of the line or polyline that the solver copies onto the utility, the
+    // joint results of its assessment and the strain rows along it, as CUtilityResults
+    // keeps them: points, iterations, joints and rows numbered from 1. Get does not test
+    // its indices; Set grows the stores as needed, so that the solver's threads each grow
+    // only their own utility's store.
+    const CUtilityResults& Results() const { return m_results; }
+    CUtilityResults& AccessResults() { return m_results; }
 
-    // ---- Joint results, by stage slot and iteration --------------------------------
-    // Iterations and joints are numbered from 1. Get does not test its indices: ask
-    // Exists first. Set grows the store as needed, new rows being default records.
-    // Whether the slot holds a joint in any iteration; -1 asks over every slot.
-    bool PulloutAndRotationsExist(int stage) const;
-    // The iteration is in range and holds a joint.
-    bool PulloutAndRotationExists(int stage, int iteration) const;
-    int NumPulloutAndRotationIterations(int stage) const;
-    int NumPulloutAndRotations(int stage, int iteration) const;
-    // Joints of every iteration of the slot.
-    int NumPulloutAndRotations(int stage) const;
+    bool HorizontalMovementResultExists(int stage, int point) const {
+        return m_results.HorizontalMovementResultExists(stage, point);
+    }
+    int NumHorizontalMovementResults(int stage) const {
+        return m_results.NumHorizontalMovementResults(stage);
+    }
+    const GeoDispResult& GetHorizontalMovementResult(int stage, int point) const {
+        return m_results.GetHorizontalMovementResult(stage, point);
+    }
+    const std::vector<GeoDispResult>& GetHorizontalMovementResults(int stage) const {
+        return m_results.GetHorizontalMovementResults(stage);
+    }
+    const HorizontalMovementStore& GetHorizontalMovementResults() const {
+        return m_results.GetHorizontalMovementResults();
+    }
+    void SetHorizontalMovementResult(int stage, int point, const GeoDispResult& result) {
+        m_results.SetHorizontalMovementResult(stage, point, result);
+    }
+    void DeleteHorizontalMovementResult(int stage, int point) {
+        m_results.DeleteHorizontalMovementResult(stage, point);
+    }
+    void DeleteHorizontalMovementResults(int stage) {
+        m_results.DeleteHorizontalMovementResults(stage);
+    }
+    void ResizeHorizontalMovementResults(int stages, int points) {
+        m_results.ResizeHorizontalMovementResults(stages, points);
+    }
+    bool HorizontalMovementResultsExist(int stage) const {
+        return m_results.HorizontalMovementResultsExist(stage);
+    }
+    void ClearHorizontalMovementResults() { m_results.ClearHorizontalMovementResults(); }
+
+    bool PulloutAndRotationsExist(int stage) const {
+        return m_results.PulloutAndRotationsExist(stage);
+    }
+    bool PulloutAndRotationExists(int stage, int iteration) const {
+        return m_results.PulloutAndRotationExists(stage, iteration);
+    }
+    int NumPulloutAndRotationIterations(int stage) const {
+        return m_results.NumPulloutAndRotationIterations(stage);
+    }
+    int NumPulloutAndRotations(int stage, int iteration) const {
+        return m_results.NumPulloutAndRotations(stage, iteration);
+    }
+    int NumPulloutAndRotations(int stage) const { return m_results.NumPulloutAndRotations(stage); }
     const std::vector<CPulloutAndRotation>& GetPulloutAndRotationIteration(int stage,
                                                                            int iteration) const {
-        return m_pulloutAndRotations[static_cast<size_t>(stage)]
-                                    [static_cast<size_t>(iteration - 1)];
+        return m_results.GetPulloutAndRotationIteration(stage, iteration);
     }
     const CPulloutAndRotation& GetPulloutAndRotation(int stage, int iteration, int k) const {
-        return GetPulloutAndRotationIteration(stage, iteration)[static_cast<size_t>(k - 1)];
+        return m_results.GetPulloutAndRotation(stage, iteration, k);
     }
-    const PulloutStore& GetPulloutAndRotations() const { return m_pulloutAndRotations; }
+    const PulloutStore& GetPulloutAndRotations() const {
+        return m_results.GetPulloutAndRotations();
+    }
     void SetPulloutAndRotationIteration(int stage, int iteration,
-                                        const std::vector<CPulloutAndRotation>& joints);
-    void SetPulloutAndRotation(int stage, int iteration, int k, const CPulloutAndRotation& r);
-    // Removes one joint of an iteration; the later ones move up. Nothing outside the store.
-    void DeletePulloutAndRotation(int stage, int iteration, int k);
-    // Removes one iteration; the later ones move up. Nothing outside the store.
-    void DeletePulloutAndRotationIteration(int stage, int iteration);
-    // 5 for an empty slot, else the generation of the first joint of the first iteration.
-    int GetPulloutAndRotationVersion(int stage) const;
-
-    // ---- Strain rows, by stage slot ------------------------------------------------
-    // Whether the slot holds a row; -1 asks over every slot.
-    bool UtilityStrainsExist(int stage) const;
-    // Rows are numbered from 1, and a row exists when its number is below the row count:
-    // the last row answers false here, a reading kept as it is given.
-    bool UtilityStrainExists(int stage, int k) const;
-    int NumUtilityStrains(int stage) const;
-    const CUtilityStrain& GetUtilityStrain(int stage, int k) const {
-        return m_utilityStrains[static_cast<size_t>(stage)][static_cast<size_t>(k - 1)];
+                                        const std::vector<CPulloutAndRotation>& joints) {
+        m_results.SetPulloutAndRotationIteration(stage, iteration, joints);
     }
-    // The rows of a slot; empty outside the store.
-    const std::vector<CUtilityStrain>& GetUtilityStrains(int stage) const;
-    const StrainStore& GetUtilityStrains() const { return m_utilityStrains; }
-    void SetUtilityStrain(int stage, int k, const CUtilityStrain& r);
-    // Removes one row; the later ones move up. Nothing outside the store.
-    void DeleteUtilityStrain(int stage, int k);
-    // 2 for an empty slot, else the generation of the first row.
-    int GetUtilityStrainVersion(int stage) const;
+    void SetPulloutAndRotation(int stage, int iteration, int k, const CPulloutAndRotation& r) {
+        m_results.SetPulloutAndRotation(stage, iteration, k, r);
+    }
+    void DeletePulloutAndRotation(int stage, int iteration, int k) {
+        m_results.DeletePulloutAndRotation(stage, iteration, k);
+    }
+    void DeletePulloutAndRotationIteration(int stage, int iteration) {
+        m_results.DeletePulloutAndRotationIteration(stage, iteration);
+    }
+    int GetPulloutAndRotationVersion(int stage) const {
+        return m_results.GetPulloutAndRotationVersion(stage);
+    }
+
+    bool UtilityStrainsExist(int stage) const { return m_results.UtilityStrainsExist(stage); }
+    // True when k is below the row count: the last row answers false, as it is given.
+    bool UtilityStrainExists(int stage, int k) const {
+        return m_results.UtilityStrainExists(stage, k);
+    }
+    int NumUtilityStrains(int stage) const { return m_results.NumUtilityStrains(stage); }
+    const CUtilityStrain& GetUtilityStrain(int stage, int k) const {
+        return m_results.GetUtilityStrain(stage, k);
+    }
+    const std::vector<CUtilityStrain>& GetUtilityStrains(int stage) const {
+        return m_results.GetUtilityStrains(stage);
+    }
+    const StrainStore& GetUtilityStrains() const { return m_results.GetUtilityStrains(); }
+    void SetUtilityStrain(int stage, int k, const CUtilityStrain& r) {
+        m_results.SetUtilityStrain(stage, k, r);
+    }
+    void DeleteUtilityStrain(int stage, int k) { m_results.DeleteUtilityStrain(stage, k); }
+    int GetUtilityStrainVersion(int stage) const {
+        return m_results.GetUtilityStrainVersion(stage);
+    }
 
     // Whether the slot holds joints, strains or movement samples; -1 asks over all slots.
-    bool ResultsExist(int stage) const;
+    bool ResultsExist(int stage) const { return m_results.ResultsExist(stage); }
     // Empties the slot of all three kinds of result; -1 drops every slot.
-    void DeleteResults(int stage);
+    void DeleteResults(int stage) { m_results.DeleteResults(stage); }
 
-    // ---- Peaks and verdicts ----------------------------------------------------------
-    // (location metres, factored rotation radians) of the joint of largest factored
-    // rotation in one iteration; the first of equal peaks wins.
+    // ---- Peaks and verdicts (see CUtilityResults) ------------------------------------
     Vec2<double> GetMaximumRotation_Factored(int stage, int iteration,
-                                             const CAcceptanceCriteria& criteria) const;
-    // (location, factored total pullout) of the largest in one iteration (metres).
+                                             const CAcceptanceCriteria& criteria) const {
+        return m_results.GetMaximumRotation_Factored(stage, iteration, criteria);
+    }
     Vec2<double> GetMaximumPullout_Factored(int stage, int iteration,
-                                            const CAcceptanceCriteria& criteria) const;
-    // The same over all iterations; (lowest double, lowest double) when there is none.
-    Vec2<double> GetMaximumRotation_Factored(int stage, const CAcceptanceCriteria& criteria) const;
-    Vec2<double> GetMaximumPullout_Factored(int stage, const CAcceptanceCriteria& criteria) const;
-    // (location, radius) of the smallest radius of curvature (metres). It starts from the
-    // first row whatever its flag and takes later flagged rows when strictly smaller;
-    // true only if such a later flagged row exists.
-    bool GetMinRAD(int stage, Vec2<double>& locationAndRadius) const;
-    // Largest total strain of the tensile fibre (microstrain) and its location (metres);
-    // true if any row is in tension.
+                                            const CAcceptanceCriteria& criteria) const {
+        return m_results.GetMaximumPullout_Factored(stage, iteration, criteria);
+    }
+    Vec2<double> GetMaximumRotation_Factored(int stage, const CAcceptanceCriteria& criteria) const {
+        return m_results.GetMaximumRotation_Factored(stage, criteria);
+    }
+    Vec2<double> GetMaximumPullout_Factored(int stage, const CAcceptanceCriteria& criteria) const {
+        return m_results.GetMaximumPullout_Factored(stage, criteria);
+    }
+    bool GetMinRAD(int stage, Vec2<double>& locationAndRadius) const {
+        return m_results.GetMinRAD(stage, locationAndRadius);
+    }
     bool GetMaximumTensileStrain(int stage, double& value, double& location,
-                                 const CAcceptanceCriteria& criteria, bool neglect) const;
-    // Largest magnitude of total strain of the compressive fibre (microstrain) and its
-    // location; true if any row is in compression.
+                                 const CAcceptanceCriteria& criteria, bool neglect) const {
+        return m_results.GetMaximumTensileStrain(stage, value, location, criteria, neglect);
+    }
     bool GetMaximumCompressiveStrain(int stage, double& value, double& location,
-                                     const CAcceptanceCriteria& criteria, bool neglect) const;
-    // Largest and smallest joint result of a type over every iteration of the slot (all
-    // slots for -1); the lowest, and the largest, double when there is none.
+                                     const CAcceptanceCriteria& criteria, bool neglect) const {
+        return m_results.GetMaximumCompressiveStrain(stage, value, location, criteria, neglect);
+    }
     double GetMaxPulloutOrRotationValue(int stage, UtilityGlobal::EUDResultType type,
-                                        const CAcceptanceCriteria& criteria) const;
+                                        const CAcceptanceCriteria& criteria) const {
+        return m_results.GetMaxPulloutOrRotationValue(stage, type, criteria);
+    }
     double GetMinPulloutOrRotationValue(int stage, UtilityGlobal::EUDResultType type,
-                                        const CAcceptanceCriteria& criteria) const;
-    // The verdict on the joints: the factored pullout (type 6) and the factored rotation
-    // in degrees (type 8) against their threshold and limit; any other type against the
-    // allowable tensile strain.
+                                        const CAcceptanceCriteria& criteria) const {
+        return m_results.GetMinPulloutOrRotationValue(stage, type, criteria);
+    }
     UtilityGlobal::EDamageCategory
     GetPulloutOrRotationCategory(int stage, UtilityGlobal::EUDResultType type,
-                                 const CAcceptanceCriteria& criteria) const;
-    // The verdict on the strains: factored total tension (type 5) and compression (type 7)
-    // against their limits, the least radius (type 8) against its threshold and limit.
+                                 const CAcceptanceCriteria& criteria) const {
+        return m_results.GetPulloutOrRotationCategory(stage, type, criteria);
+    }
     UtilityGlobal::EDamageCategory GetStrainCategory(int stage, UtilityGlobal::EStrainType type,
                                                      const CAcceptanceCriteria& criteria,
-                                                     bool neglect) const;
+                                                     bool neglect) const {
+        return m_results.GetStrainCategory(stage, type, criteria, neglect);
+    }
 
     bool operator==(const CSpecificUtility& o) const;
     bool operator!=(const CSpecificUtility& o) const { return !(*this == o); }
@@ -218,9 +245,7 @@ class CSpecificUtility : public CUtility {
     int m_readVersion = m_iVer;
     bool m_polySegContinuousPullouts = true;
     bool m_polySegContinuousStrains = true;
-    HorizontalMovementStore m_horizontalMovementResults;
-    PulloutStore m_pulloutAndRotations;
-    StrainStore m_utilityStrains;
+    CUtilityResults m_results;
 };
 
 } // namespace Tevra::Data

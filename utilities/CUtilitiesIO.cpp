@@ -15,7 +15,9 @@
 #include "utilities/CUtility.h"
 #include "utilities/CUtilityCalculationOptions.h"
 #include "utilities/CUtilityDimension.h"
+#include "utilities/CUtilityResults.h"
 #include "utilities/CUtilityStrain.h"
+#include "utilities/CUtilityTransect.h"
 
 #include <algorithm>
 #include <string>
@@ -36,6 +38,9 @@ constexpr size_t kJointBytes = 5 + 5 * 9 + 5 + 3 * (5 + 3 * 8) + 6 * 9;
 // Least number of bytes of a binary strain row: its generation, five tagged doubles and
 // two tagged flags.
 constexpr size_t kStrainRowBytes = 5 + 5 * 9 + 2 * 2;
+// Least number of bytes of a binary transect: its generation, an empty name, its crossing
+// point and the three counts of its result stores.
+constexpr size_t kTransectBytes = 5 + 5 + (5 + 3 * 8) + 3 * kStageBytes;
 
 // Refuses a record generation other than the one this version lays out: the layouts of
 // the older ones are not known here, and reading one as the current layout would take
@@ -67,12 +72,13 @@ void WriteDisplacement(CDataFile& f, int name, const Vec3<double>& d) {
     f.WriteDoubleArray(name, {d.x, d.y, d.z});
 }
 
-void ReadDisplacement(CDataFile& f, int name, Vec3<double>& d) {
+void ReadDisplacement(CDataFile& f, int name, Vec3<double>& d,
+                      const char* what = "a joint's displacement") {
     std::vector<double> v{d.x, d.y, d.z};
     if (!f.ReadDoubleArray(name, v, !f.IsJson()))
         return;
     if (v.size() != 3)
-        f.Fail("a joint's displacement holds " + std::to_string(v.size()) +
+        f.Fail(std::string(what) + " holds " + std::to_string(v.size()) +
                " numbers where it should hold 3");
     d = Vec3<double>(v[0], v[1], v[2]);
 }
@@ -176,63 +182,9 @@ void CUtilityStrain::Read(CDataFile& f) {
     f.ReadDouble(jnRadiusofCurvature, m_radiusofCurvature, required);
 }
 
-// ---- CUtility --------------------------------------------------------------------------
+// ---- CUtilityResults ---------------------------------------------------------------------
 
-void CUtility::Write(CDataFile& f) const {
-    f.BeginObject(jnUtility);
-    f.WriteInt(jnVersion, m_iVer);
-    f.WriteString(jnName, GetName());
-    f.WriteInt(jnDimension, m_dimension);
-    f.WriteInt(jnCriteria, m_criteria);
-    f.WriteDouble(jnPipeLength, m_pipeLength);
-    f.WriteEnum(jnUtilityType, m_utilityType, UTILITY_TYPE_STRINGS, 2);
-    f.WriteBool(jnShow, m_show);
-    f.WriteBool(jnLabel, m_label);
-    f.EndObject();
-}
-
-// In JSON the type is read as GetUtilityTypeFromCStr reads it: any text but "Jointed"
-// is continuous. In binary the number must be one of the two.
-void CUtility::Read(CDataFile& f, int) {
-    const bool json = f.IsJson();
-    if (!f.EnterObject(jnUtility, !json))
-        return;
-    const bool required = !json;
-    int version = m_iVer;
-    f.ReadInt(jnVersion, version, required);
-    CheckGeneration(f, "a utility", version, m_iVer);
-    f.ReadString(jnName, AccessName(), required);
-    f.ReadInt(jnDimension, m_dimension, required);
-    f.ReadInt(jnCriteria, m_criteria, required);
-    f.ReadDouble(jnPipeLength, m_pipeLength, required);
-    if (json) {
-        CString text;
-        if (f.ReadString(jnUtilityType, text, false))
-            m_utilityType = GetUtilityTypeFromCStr(text);
-    } else {
-        int type = m_utilityType;
-        f.ReadEnum(jnUtilityType, type, UTILITY_TYPE_STRINGS, 2);
-        m_utilityType = static_cast<EUtilityType>(type);
-    }
-    f.ReadBool(jnShow, m_show, required);
-    f.ReadBool(jnLabel, m_label, required);
-    f.LeaveObject();
-}
-
-// ---- CSpecificUtility ------------------------------------------------------------------
-
-void CSpecificUtility::Write(CDataFile& f) const {
-    f.BeginObject(jnSpecificUtility);
-    CUtility::Write(f);
-    f.WriteInt(jnVersion, m_iVer);
-    f.WriteString(jnSubUtilityName, m_subUtilityName);
-    f.WriteInt(jnLine, m_line);
-    f.WriteDouble(jnLineStart, m_lineStart);
-    f.WriteDouble(jnLineEnd, m_lineEnd);
-    f.WriteEnum(jnDisplacementDataType, m_dataType, DISPLACEMENT_DATA_TYPE_STRINGS, 2);
-    f.WriteInt(jnDisplacementPolyline, m_displacementPolyline);
-    f.WriteBool(jnPolySegContinuousPullouts, m_polySegContinuousPullouts);
-    f.WriteBool(jnPolySegContinuousStrains, m_polySegContinuousStrains);
+void CUtilityResults::Write(CDataFile& f) const {
     // Joint results: slots, each a list of iterations, each a list of joints.
     BeginList(f, jnStageResults, m_pulloutAndRotations.size());
     for (const auto& slot : m_pulloutAndRotations) {
@@ -271,29 +223,10 @@ void CSpecificUtility::Write(CDataFile& f) const {
         f.EndObject();
     }
     f.EndArray();
-    f.EndObject();
 }
 
-void CSpecificUtility::Read(CDataFile& f, int generation) {
+void CUtilityResults::Read(CDataFile& f) {
     const bool json = f.IsJson();
-    if (!f.EnterObject(jnSpecificUtility, !json))
-        return;
-    const bool required = !json;
-    CUtility::Read(f, generation);
-    int version = m_iVer;
-    f.ReadInt(jnVersion, version, required);
-    CheckGeneration(f, "a specific utility", version, m_iVer);
-    m_readVersion = version;
-    f.ReadString(jnSubUtilityName, m_subUtilityName, required);
-    f.ReadInt(jnLine, m_line, required);
-    f.ReadDouble(jnLineStart, m_lineStart, required);
-    f.ReadDouble(jnLineEnd, m_lineEnd, required);
-    int type = m_dataType;
-    f.ReadEnum(jnDisplacementDataType, type, DISPLACEMENT_DATA_TYPE_STRINGS, 2, required);
-    m_dataType = static_cast<EDisplacementDataType>(type);
-    f.ReadInt(jnDisplacementPolyline, m_displacementPolyline, required);
-    f.ReadBool(jnPolySegContinuousPullouts, m_polySegContinuousPullouts, required);
-    f.ReadBool(jnPolySegContinuousStrains, m_polySegContinuousStrains, required);
     // Every count is checked against the bytes left before its list is sized.
     const int pulloutSlots = EnterList(f, jnStageResults, kStageBytes);
     PulloutStore pullouts(static_cast<size_t>(std::max(pulloutSlots, 0)));
@@ -353,18 +286,108 @@ void CSpecificUtility::Read(CDataFile& f, int generation) {
     m_horizontalMovementResults = std::move(movements);
     m_pulloutAndRotations = std::move(pullouts);
     m_utilityStrains = std::move(strains);
+}
+
+// ---- CUtility --------------------------------------------------------------------------
+
+void CUtility::Write(CDataFile& f) const {
+    f.BeginObject(jnUtility);
+    f.WriteInt(jnVersion, m_iVer);
+    f.WriteString(jnName, GetName());
+    f.WriteInt(jnDimension, m_dimension);
+    f.WriteInt(jnCriteria, m_criteria);
+    f.WriteDouble(jnPipeLength, m_pipeLength);
+    f.WriteEnum(jnUtilityType, m_utilityType, UTILITY_TYPE_STRINGS, 2);
+    f.WriteBool(jnShow, m_show);
+    f.WriteBool(jnLabel, m_label);
+    f.EndObject();
+}
+
+// In JSON the type is read as GetUtilityTypeFromCStr reads it: any text but "Jointed"
+// is continuous. In binary the number must be one of the two.
+void CUtility::Read(CDataFile& f, int) {
+    const bool json = f.IsJson();
+    if (!f.EnterObject(jnUtility, !json))
+        return;
+    const bool required = !json;
+    int version = m_iVer;
+    f.ReadInt(jnVersion, version, required);
+    CheckGeneration(f, "a utility", version, m_iVer);
+    f.ReadString(jnName, AccessName(), required);
+    f.ReadInt(jnDimension, m_dimension, required);
+    f.ReadInt(jnCriteria, m_criteria, required);
+    f.ReadDouble(jnPipeLength, m_pipeLength, required);
+    if (json) {
+        CString text;
+        if (f.ReadString(jnUtilityType, text, false))
+            m_utilityType = GetUtilityTypeFromCStr(text);
+    } else {
+        int type = m_utilityType;
+        f.ReadEnum(jnUtilityType, type, UTILITY_TYPE_STRINGS, 2);
+        m_utilityType = static_cast<EUtilityType>(type);
+    }
+    f.ReadBool(jnShow, m_show, required);
+    f.ReadBool(jnLabel, m_label, required);
+    f.LeaveObject();
+}
+
+// ---- CSpecificUtility ------------------------------------------------------------------
+
+void CSpecificUtility::Write(CDataFile& f) const {
+    f.BeginObject(jnSpecificUtility);
+    CUtility::Write(f);
+    f.WriteInt(jnVersion, m_iVer);
+    f.WriteString(jnSubUtilityName, m_subUtilityName);
+    f.WriteInt(jnLine, m_line);
+    f.WriteDouble(jnLineStart, m_lineStart);
+    f.WriteDouble(jnLineEnd, m_lineEnd);
+    f.WriteEnum(jnDisplacementDataType, m_dataType, DISPLACEMENT_DATA_TYPE_STRINGS, 2);
+    f.WriteInt(jnDisplacementPolyline, m_displacementPolyline);
+    f.WriteBool(jnPolySegContinuousPullouts, m_polySegContinuousPullouts);
+    f.WriteBool(jnPolySegContinuousStrains, m_polySegContinuousStrains);
+    m_results.Write(f);
+    f.EndObject();
+}
+
+void CSpecificUtility::Read(CDataFile& f, int generation) {
+    const bool json = f.IsJson();
+    if (!f.EnterObject(jnSpecificUtility, !json))
+        return;
+    const bool required = !json;
+    CUtility::Read(f, generation);
+    int version = m_iVer;
+    f.ReadInt(jnVersion, version, required);
+    CheckGeneration(f, "a specific utility", version, m_iVer);
+    m_readVersion = version;
+    f.ReadString(jnSubUtilityName, m_subUtilityName, required);
+    f.ReadInt(jnLine, m_line, required);
+    f.ReadDouble(jnLineStart, m_lineStart, required);
+    f.ReadDouble(jnLineEnd, m_lineEnd, required);
+    int type = m_dataType;
+    f.ReadEnum(jnDisplacementDataType, type, DISPLACEMENT_DATA_TYPE_STRINGS, 2, required);
+    m_dataType = static_cast<EDisplacementDataType>(type);
+    f.ReadInt(jnDisplacementPolyline, m_displacementPolyline, required);
+    f.ReadBool(jnPolySegContinuousPullouts, m_polySegContinuousPullouts, required);
+    f.ReadBool(jnPolySegContinuousStrains, m_polySegContinuousStrains, required);
+    m_results.Read(f);
     f.LeaveObject();
 }
 
 // ---- CGenericUtility -------------------------------------------------------------------
 
-// The JSON object is the base's alone: the generic fields stand beside it in the record.
+// The JSON object is the base's alone: the generic fields stand beside it in the record,
+// and the transects follow them as a list, with their count first in binary. A
+// hand-written JSON record may leave the list out.
 void CGenericUtility::Write(CDataFile& f) const {
     CUtility::Write(f);
     f.WriteInt(jnPolyline, m_polyline);
     f.WriteDouble(jnInterval, m_interval);
     f.WriteDouble(jnLength, m_length);
     f.WriteInt(jnDispPoints, m_dispPoints);
+    BeginList(f, jnTransects, m_transects.size());
+    for (const CUtilityTransect& t : m_transects)
+        t.Write(f);
+    f.EndArray();
 }
 
 void CGenericUtility::Read(CDataFile& f, int generation) {
@@ -375,7 +398,42 @@ void CGenericUtility::Read(CDataFile& f, int generation) {
     f.ReadDouble(jnInterval, m_interval, required);
     f.ReadDouble(jnLength, m_length, required);
     f.ReadInt(jnDispPoints, m_dispPoints, required);
+    // The count is held against the bytes left in the record before the list is sized.
+    const int n = EnterList(f, jnTransects, kTransectBytes);
+    std::vector<CUtilityTransect> transects(static_cast<size_t>(std::max(n, 0)));
+    for (int t = 0; t < n; ++t) {
+        f.EnterElement(t);
+        transects[static_cast<size_t>(t)].Read(f);
+        f.LeaveObject();
+    }
+    LeaveList(f, n);
+    m_transects = std::move(transects);
     m_readVersion = generation == -1 ? m_iVer : generation;
+}
+
+// ---- CUtilityTransect ------------------------------------------------------------------
+
+void CUtilityTransect::Write(CDataFile& f) const {
+    f.BeginObject(jnTransect);
+    f.WriteInt(jnVersion, m_iVer);
+    f.WriteString(jnName, m_name);
+    f.WriteDoubleArray(jnPolylineIntersection, {m_polylineIntersection.x,
+                                                m_polylineIntersection.y,
+                                                m_polylineIntersection.z});
+    m_results.Write(f);
+    f.EndObject();
+}
+
+// In JSON the element is entered by the list's reader.
+void CUtilityTransect::Read(CDataFile& f) {
+    const bool required = !f.IsJson();
+    int version = m_iVer;
+    f.ReadInt(jnVersion, version, required);
+    CheckGeneration(f, "a transect", version, m_iVer);
+    m_readVersion = version;
+    f.ReadString(jnName, m_name, required);
+    ReadDisplacement(f, jnPolylineIntersection, m_polylineIntersection, "a transect's crossing");
+    m_results.Read(f);
 }
 
 // ---- CUtilityDimension -----------------------------------------------------------------

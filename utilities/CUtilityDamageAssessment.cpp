@@ -232,6 +232,37 @@ bool CUtilityDamageAssessment::Walk(
     return true;
 }
 
+CUtilityDamageAssessment::SCurves
+CUtilityDamageAssessment::Curves(const CTableD& parallel, const CTableD& perpendicular,
+                                 const CTableD& initialX, const CTableD& initialY,
+                                 const CTableD& initialZ, const CTableD& displacedX,
+                                 const CTableD& displacedY, const CTableD& displacedZ) {
+    return {CSplineT<double>(parallel),   CSplineT<double>(perpendicular),
+            CSplineT<double>(initialX),   CSplineT<double>(initialY),
+            CSplineT<double>(initialZ),   CSplineT<double>(displacedX),
+            CSplineT<double>(displacedY), CSplineT<double>(displacedZ)};
+}
+
+bool CUtilityDamageAssessment::Assess(const SPipe& pipe, const SPolylinePipe* polyline,
+                                      SCurves& curves, double tolerance,
+                                      const std::function<bool()>& cancelled,
+                                      CUtilityResults& results, int stage) {
+    std::vector<CPulloutAndRotation> joints;
+    if (!Walk(pipe, polyline, curves, cancelled, joints,
+              [&](int k, const CUtilityStrain& row) { results.SetUtilityStrain(stage, k, row); }))
+        return false;
+    const std::vector<std::vector<CPulloutAndRotation>> layouts = FormIterations(
+        joints, pipe.pipeLength, tolerance, polyline ? polyline->polyline : nullptr);
+    for (size_t t = 0; t < layouts.size(); ++t)
+        results.SetPulloutAndRotationIteration(stage, static_cast<int>(t) + 1, layouts[t]);
+    return true;
+}
+
+void CUtilityDamageAssessment::DeleteAssessment(CUtilityResults& results, int stage) {
+    results.DeletePulloutAndRotations(stage);
+    results.DeleteUtilityStrains(stage);
+}
+
 std::vector<std::vector<CPulloutAndRotation>>
 CUtilityDamageAssessment::FormIterations(const std::vector<CPulloutAndRotation>& joints,
                                          double pipeLength, double tolerance,

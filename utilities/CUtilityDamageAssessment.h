@@ -2,7 +2,9 @@
 
 #include "base/CPolylinePlus.h"
 #include "base/CSplineT.h"
+#include "base/CTableD.h"
 #include "utilities/CPulloutAndRotation.h"
+#include "utilities/CUtilityResults.h"
 #include "utilities/CUtilityStrain.h"
 
 #include <functional>
@@ -60,6 +62,22 @@ class CUtilityDamageAssessment {
         // curves again on a segment (1-based).
         std::function<void(int row, int segment, SCurves& curves)> reResolve;
     };
+
+    // The curves of the eight tables along a pipe.
+    static SCurves Curves(const CTableD& parallel, const CTableD& perpendicular,
+                          const CTableD& initialX, const CTableD& initialY,
+                          const CTableD& initialZ, const CTableD& displacedX,
+                          const CTableD& displacedY, const CTableD& displacedZ);
+
+    // The whole assessment of one pipe at a stage: the walk, whose strain rows go to the
+    // results as they are found, then the joint layouts with the spacing tolerance
+    // (metres). False when cancelled part way: the results are left as they stand. A
+    // lookup outside a table throws CRange with the results part written.
+    static bool Assess(const SPipe& pipe, const SPolylinePipe* polyline, SCurves& curves,
+                       double tolerance, const std::function<bool()>& cancelled,
+                       CUtilityResults& results, int stage);
+    // Drops the joints and strain rows of a slot, keeping the movement samples.
+    static void DeleteAssessment(CUtilityResults& results, int stage);
 
     // Walks the rows of the coordinate tables and appends the joint found at each
     // eligible row to joints, in walking order, and hands each strain row to storeStrain

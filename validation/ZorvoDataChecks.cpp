@@ -371,7 +371,8 @@ bool ZorvoData::ErrorsExist() const {
     any |= BuildingErrors(messages, cancelled);
     // The generic building errors go here.
     any |= UtilityErrors(messages, cancelled);
-    // The generic utility errors, then the rail track errors, go here.
+    any |= GenericUtilityErrors(messages, cancelled);
+    // The rail track errors go here.
     any |= StageErrors(messages, cancelled);
     return any;
 }
@@ -389,7 +390,8 @@ bool ZorvoData::WarningsExist() {
     any |= BuildingWarnings(messages, cancelled);
     // The generic building warnings go here.
     any |= UtilityWarnings(messages, cancelled);
-    // The generic utility warnings, then the rail track warnings, go here.
+    any |= GenericUtilityWarnings(messages, cancelled);
+    // The rail track warnings go here.
     // The building warnings run a second time, last, as they always have; the answer is
     // the same.
     any |= BuildingWarnings(messages, cancelled);

@@ -280,3 +280,36 @@ TEST(Host, InfoShowsTheUsersCurves) {
               std::string::npos)
         << sparse.out;
 }
+
+// A route of 25 m at 10 m sets out transects at 0, 10 and 20 m.
+TEST(Host, InfoCountsTheTransectsOfGenericUtilities) {
+    const TempDir scratch;
+    const std::string file = scratch.path + "/route.json";
+    std::ofstream(file)
+        << R"({"modules": [{"description": "Polylines", "records": [{"name": "Route", )"
+        << R"("points": [0, 0, 0, 25, 0, 0]}]}, {"description": "Generic Utilities", "records": [)"
+        << R"({"utility": {"name": "Gas main"}, "polyline": 1, "interval": 10, "length": 8, )"
+        << R"("dispPoints": 9}]}]})";
+    const Outcome info = Zorvo({"info", file});
+    EXPECT_EQ(info.status, 0);
+    EXPECT_NE(info.out.find("  generic utility 1 \"Gas main\": 3 transects of 9 points, 8 m long, "
+                            "every 10 m along polyline 1\n"),
+              std::string::npos)
+        << info.out;
+}
+
+// The generic utility passes are printed with the library's others, and stop a run.
+TEST(Host, CheckReportsGenericUtilities) {
+    const TempDir scratch;
+    const std::string file = scratch.path + "/route.json";
+    std::ofstream(file)
+        << R"({"modules": [{"description": "Polylines", "records": [{"name": "Route", )"
+        << R"("points": [0, 0, 0, 25, 0, 0]}]}, {"description": "Generic Utilities", "records": [)"
+        << R"({"utility": {"name": "Gas main"}, "polyline": 1, "interval": 0, "length": 8, )"
+        << R"("dispPoints": 9}]}]})";
+    const Outcome check = Zorvo({"check", file});
+    EXPECT_EQ(check.status, 1);
+    EXPECT_NE(check.err.find("error: Transect Interval input for Generic Utility 1 is zero.\n"),
+              std::string::npos)
+        << check.err;
+}

@@ -482,3 +482,30 @@ TEST(SanityChecks, HostRunsTheUtilityPassesInTheirPlaces) {
     EXPECT_EQ(session.Check(doc, 1), HostSession::eErrors);
     EXPECT_EQ(err.str(), Expected("utility output"));
 }
+
+// A generic utility whose transects memory cannot hold is refused before the run, as the
+// library would set out none of them; an interval that is not a number is an error.
+TEST(SanityChecks, GenericUtilityTransectsAgainstMemory) {
+    ZorvoData doc;
+    CPolylinePlus route;
+    route.SetPoint(0, {0.0, 0.0, 0.0});
+    route.SetPoint(1, {100.0, 0.0, 0.0});
+    doc.SetPolyline(1, route);
+    CGenericUtility g;
+    g.SetName(L"Sewer");
+    g.SetInterval(1e-9); // 1e11 + 1 transects of 11 points
+    doc.SetGenericUtility(1, g);
+    const std::string refused = Lines(SanityChecks::RunSize(doc, 8e9, "this machine has", 2));
+    EXPECT_EQ(refused.rfind("E Generic Utility 1 \"Sewer\" sets out ", 0), 0u) << refused;
+    EXPECT_NE(refused.find("; increase its transect interval or reduce its displacement points\n"),
+              std::string::npos)
+        << refused;
+    g.SetInterval(10.0);
+    doc.SetGenericUtility(1, g);
+    EXPECT_EQ(Lines(SanityChecks::RunSize(doc, 8e9, "this machine has", 2)), "");
+    g.SetInterval(kNaN);
+    doc.SetGenericUtility(1, g);
+    EXPECT_EQ(Lines(SanityChecks::Inputs(doc)),
+              "E Generic Utility 1 \"Sewer\": the transect interval is NaN; give the chainage "
+              "between transects in metres\n");
+}
