@@ -110,3 +110,49 @@ TEST(ZorvoSolverGenericUtilities, SameResultsWithAnyNumberOfThreads) {
     }
     omp_set_num_threads(saved);
 }
+
+// A route along the long tunnel's axis sets out transects across the trough, 40 m long
+// with points 1 m apart: each is assessed as a jointed pipe of 3 m pipes in the stage's
+// own pass, the same on any number of threads.
+TEST(ZorvoSolverGenericUtilities, EveryTransectAssessedAcrossTheTrough) {
+    ZorvoData one;
+    one.SetTunnel(1, Testing::LongTunnel());
+    CPolylinePlus route;
+    route.SetPoint(0, {-10.0, 0.0, 20.0});
+    route.SetPoint(1, {10.0, 0.0, 20.0});
+    one.SetPolyline(1, route);
+    CGenericUtility g;
+    g.SetPolyline(1);
+    g.SetInterval(10.0);
+    g.SetLength(40.0);
+    g.SetDispPoints(41);
+    one.SetGenericUtility(1, g);
+    ZorvoData two = one;
+    CLodraZorvoPrefData prefs;
+    const int threads = omp_get_max_threads();
+    omp_set_num_threads(1);
+    ZorvoSolver(&one, &prefs, nullptr, {}).Solve();
+    omp_set_num_threads(2);
+    ZorvoSolver(&two, &prefs, nullptr, {}).Solve();
+    omp_set_num_threads(threads);
+    EXPECT_TRUE(one.GetGenericUtility(1) == two.GetGenericUtility(1));
+
+    const CGenericUtility& solved = one.GetGenericUtility(1);
+    ASSERT_EQ(solved.NumTransects(), 3);
+    for (int t = 1; t <= 3; ++t) {
+        const CUtilityTransect& transect = solved.GetTransect(t);
+        // Strains at rows 1 to 39; joints from 3 m to 37 m in two layouts, starting at 3
+        // and 4 m, the first 12 joints 3 m apart.
+        EXPECT_EQ(transect.NumUtilityStrains(0), 39) << t;
+        ASSERT_EQ(transect.NumPulloutAndRotationIterations(0), 2) << t;
+        EXPECT_EQ(transect.NumPulloutAndRotations(0, 1), 12) << t;
+        // The joint at 21 m, a metre off the axis, lies where the trough sags.
+        const CPulloutAndRotation& middle = transect.GetPulloutAndRotation(0, 1, 7);
+        EXPECT_EQ(middle.GetLocation(), 21.0);
+        EXPECT_EQ(middle.GetVerticalCurvature(), GeoGlobal::eSagging);
+    }
+    EXPECT_TRUE(one.GenericUtilityPulloutAndRotationsExist(0, 1));
+    one.DeleteResults();
+    EXPECT_FALSE(one.GenericUtilityPulloutAndRotationsExist(-1, -1));
+    EXPECT_FALSE(one.GenericUtilityStrainsExist(-1, -1));
+}
