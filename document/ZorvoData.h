@@ -34,6 +34,10 @@
 
 namespace Tevra::Data {
 
+class CUDAExportCSVDisps;
+class CUDAExportCSVPR;
+class CUDAExportCSVStrains;
+
 // One project: every input record, every result, and the operations that keep them
 // consistent. Records are numbered from 1 and refer to each other by number.
 //
@@ -207,6 +211,23 @@ class ZorvoData : public LodraZorvoData {
     void WriteCSVUDAStrains(CStdioFile& file, const CUnit& unit, const SCSVExportData& data) const;
     void WriteCSVUDACoodsDisps(CStdioFile& file, const CUnit& unit,
                                const SCSVExportData& data) const;
+    // The generic utilities' tables, one row per joint or strain row of every transect,
+    // with the columns chosen (nothing at all when none is): the unit heading, then the
+    // joints, the strains and what was sampled at each joint. The transect's number and
+    // end points follow the polyline.
+    void WriteCSVGenericUDAResults(CStdioFile& file, const CUnit& unit,
+                                   const SCSVExportData& data, const CUDAExportCSVDisps& disps,
+                                   const CUDAExportCSVPR& pullouts,
+                                   const CUDAExportCSVStrains& strains) const;
+    void WriteCSVGenericUDAPulloutsRotations(CStdioFile& file, const CUnit& unit,
+                                             const SCSVExportData& data,
+                                             const CUDAExportCSVPR& columns) const;
+    void WriteCSVGenericUDAStrains(CStdioFile& file, const CUnit& unit,
+                                   const SCSVExportData& data,
+                                   const CUDAExportCSVStrains& columns) const;
+    void WriteCSVGenericUDACoodsDisps(CStdioFile& file, const CUnit& unit,
+                                      const SCSVExportData& data,
+                                      const CUDAExportCSVDisps& columns) const;
 
     // Pipe sections and acceptance criteria that utilities name by number. Each table
     // begins with its standard library, read-only rows that every project holds in the

@@ -5,11 +5,16 @@
 // opens with a row naming its columns.
 #include "document/ZorvoData.h"
 #include "export/CCsvRow.h"
+#include "export/CUDAExportCSVDisps.h"
+#include "export/CUDAExportCSVPR.h"
+#include "export/CUDAExportCSVStrains.h"
 
 #include <array>
 #include <functional>
 #include <iterator>
+#include <map>
 #include <memory>
+#include <string>
 #include <vector>
 
 namespace Tevra::Data {
@@ -19,6 +24,9 @@ namespace {
 const wchar_t* const kPulloutsToken = L"UDA_SPECIFIC_RESULT_PULLOUTS_ROTATIONS";
 const wchar_t* const kStrainsToken = L"UDA_SPECIFIC_RESULT_STRAINS";
 const wchar_t* const kCoordsToken = L"UDA_SPECIFIC_RESULT_COODS_DISPS";
+const wchar_t* const kGenericPulloutsToken = L"UDA_GENERIC_RESULT_PULLOUTS_ROTATIONS";
+const wchar_t* const kGenericStrainsToken = L"UDA_GENERIC_RESULT_STRAINS";
+const wchar_t* const kGenericCoordsToken = L"UDA_GENERIC_RESULT_COODS_DISPS";
 
 // Cells of a verdict and of a quantity that does not exist.
 const wchar_t* const kPasses = L"OK";
@@ -289,6 +297,8 @@ const wchar_t* const kPolyline = L"Polyline";
 struct SPipeRows {
     CString name;
     CString polyline;
+    // A transect's number and end points, by their keys: written after the polyline.
+    std::vector<std::pair<const wchar_t*, CString>> transect;
     std::function<Vec3<double>(double)> pointAt;
 };
 
@@ -301,6 +311,9 @@ CCsvRow LeadingCells(const wchar_t* token, const SCSVExportData& data, int stage
         row.Text(pipe.name);
     if (on(kPolyline))
         row.Text(pipe.polyline);
+    for (const auto& cell : pipe.transect)
+        if (on(cell.first))
+            row.Text(cell.second);
     return row;
 }
 
@@ -312,15 +325,26 @@ template <class Column, size_t N> std::vector<const wchar_t*> Keys(const Column 
     return keys;
 }
 
-// The row naming a table's columns, under the table's own token.
+// The transect block of the generic tables, after the polyline.
+const wchar_t* const kTransectKeys[] = {L"Transect",     L"TransectStartX", L"TransectStartY",
+                                        L"TransectStartZ", L"TransectEndX",  L"TransectEndY",
+                                        L"TransectEndZ"};
+
+// The row naming a table's columns, under the table's own token; withTransect for the
+// generic tables.
 void WriteColumnNames(CStdioFile& file, const wchar_t* token, const SCSVExportData& data,
-                      const std::vector<const wchar_t*>& keys, const ColumnOn& on) {
+                      const std::vector<const wchar_t*>& keys, const ColumnOn& on,
+                      bool withTransect = false) {
     CCsvRow row(token);
     if (!data.leaveOutStage)
         row.Text(L"Stage");
     for (const wchar_t* key : {kName, kPolyline})
         if (on(key))
             row.Text(key);
+    if (withTransect)
+        for (const wchar_t* key : kTransectKeys)
+            if (on(key))
+                row.Text(key);
     for (const wchar_t* key : keys)
         if (on(key))
             row.Text(key);
@@ -488,6 +512,123 @@ void ZorvoData::WriteCSVUDACoodsDisps(CStdioFile& file, const CUnit& unit,
             WriteSampleRows(file, kCoordsToken, data, stage, utility, pipe, units, AllColumns);
         }
     }
+}
+
+// ---- Generic utilities ----------------------------------------------------------------
+
+namespace {
+
+// Whether each column of a table is on, by key.
+template <class Items> ColumnOn ChosenColumns(const Items& items) {
+    auto chosen = std::make_shared<std::map<std::wstring, bool>>();
+    items.ForEachColumn([&chosen](const wchar_t* key, bool on) { (*chosen)[key] = on; });
+    return [chosen](const wchar_t* key) {
+        const auto it = chosen->find(key);
+        return it != chosen->end() && it->second;
+    };
+}
+
+// Walks the transects of every generic utility with criteria at each wanted stage: write
+// gets the transect, its cells and its utility's criteria.
+template <class Write>
+void ForEachTransect(const ZorvoData& doc, const SCSVExportData& data, const CUnit& unit,
+                     Write write) {
+    const double length = unit.Conversion(CCsvRow::kLength);
+    for (int stage = 0; stage < data.numStages; ++stage) {
+        if (!data.StageWanted(stage))
+            continue;
+        for (int g = 1; g <= doc.NumGenericUtilities(); ++g) {
+            const CGenericUtility& utility = doc.GetGenericUtility(g);
+            if (utility.GetCriteria() < 1 || utility.GetCriteria() > doc.NumAcceptanceCriteria())
+                continue;
+            const CAcceptanceCriteria& criteria = doc.GetAcceptanceCriteria(utility.GetCriteria());
+            const int p = utility.GetPolyline();
+            SPipeRows pipe;
+            pipe.name = CString::Formatted(L"Generic Utility %i : %s", g, utility.Name().GetString());
+            pipe.polyline = CString::Formatted(
+                L"Polyline %i : %s", p,
+                doc.PolylineExists(p) ? doc.GetPolyline(p).Name().GetString() : L"");
+            for (int t = 1; t <= utility.NumTransects(); ++t) {
+                const CUtilityTransect& transect = utility.GetTransect(t);
+                const int points = transect.NumberOfPoints(stage);
+                if (points == 0)
+                    continue;
+                const Vec3<double> first = transect.GetPoint(stage, 1);
+                const Vec3<double> last = transect.GetPoint(stage, points);
+                const double ends[] = {first.x, first.y, first.z, last.x, last.y, last.z};
+                pipe.transect = {{kTransectKeys[0], CString::Formatted(L"%i", t)}};
+                for (int k = 0; k < 6; ++k)
+                    pipe.transect.emplace_back(kTransectKeys[k + 1],
+                                               CString::Formatted(L"%.14g", ends[k] * length));
+                pipe.pointAt = [&doc, stage, g, t](double x) {
+                    return doc.GetUtilityTransectPointAtADistFromItsStart(stage, g, t, x);
+                };
+                write(stage, transect, pipe, criteria);
+            }
+        }
+    }
+}
+
+} // namespace
+
+void ZorvoData::WriteCSVGenericUDAResults(CStdioFile& file, const CUnit& unit,
+                                          const SCSVExportData& data,
+                                          const CUDAExportCSVDisps& disps,
+                                          const CUDAExportCSVPR& pullouts,
+                                          const CUDAExportCSVStrains& strains) const {
+    CCsvRow::WriteUnitHeading(file, unit);
+    WriteCSVGenericUDAPulloutsRotations(file, unit, data, pullouts);
+    WriteCSVGenericUDAStrains(file, unit, data, strains);
+    WriteCSVGenericUDACoodsDisps(file, unit, data, disps);
+}
+
+void ZorvoData::WriteCSVGenericUDAPulloutsRotations(CStdioFile& file, const CUnit& unit,
+                                                    const SCSVExportData& data,
+                                                    const CUDAExportCSVPR& columns) const {
+    if (columns.None())
+        return;
+    const ColumnOn on = ChosenColumns(columns);
+    const SUnits units{unit.Conversion(CCsvRow::kLength), unit.Conversion(CCsvRow::kDisplacement)};
+    WriteColumnNames(file, kGenericPulloutsToken, data, Keys(kJointColumns), on, true);
+    ForEachTransect(*this, data, unit,
+                    [&](int stage, const CUtilityTransect& transect, const SPipeRows& pipe,
+                        const CAcceptanceCriteria& criteria) {
+                        WriteJointRows(file, kGenericPulloutsToken, data, stage, transect, pipe,
+                                       criteria, units, on);
+                    });
+}
+
+void ZorvoData::WriteCSVGenericUDAStrains(CStdioFile& file, const CUnit& unit,
+                                          const SCSVExportData& data,
+                                          const CUDAExportCSVStrains& columns) const {
+    if (columns.None())
+        return;
+    const ColumnOn on = ChosenColumns(columns);
+    const SUnits units{unit.Conversion(CCsvRow::kLength), unit.Conversion(CCsvRow::kDisplacement)};
+    const bool neglect = GetUtilityCalculationOptions().GetNeglectBenificialContribution();
+    WriteColumnNames(file, kGenericStrainsToken, data, Keys(kStrainColumns), on, true);
+    ForEachTransect(*this, data, unit,
+                    [&](int stage, const CUtilityTransect& transect, const SPipeRows& pipe,
+                        const CAcceptanceCriteria& criteria) {
+                        WriteStrainRows(file, kGenericStrainsToken, data, stage, transect, pipe,
+                                        criteria, neglect, units, on);
+                    });
+}
+
+void ZorvoData::WriteCSVGenericUDACoodsDisps(CStdioFile& file, const CUnit& unit,
+                                             const SCSVExportData& data,
+                                             const CUDAExportCSVDisps& columns) const {
+    if (columns.None())
+        return;
+    const ColumnOn on = ChosenColumns(columns);
+    const SUnits units{unit.Conversion(CCsvRow::kLength), unit.Conversion(CCsvRow::kDisplacement)};
+    WriteColumnNames(file, kGenericCoordsToken, data, SampleKeys(), on, true);
+    ForEachTransect(*this, data, unit,
+                    [&](int stage, const CUtilityTransect& transect, const SPipeRows& pipe,
+                        const CAcceptanceCriteria&) {
+                        WriteSampleRows(file, kGenericCoordsToken, data, stage, transect, pipe,
+                                        units, on);
+                    });
 }
 
 } // namespace Tevra::Data

@@ -206,6 +206,9 @@ int SolveCommand(HostSession& session, const SSolveOptions& o) {
             if (doc.NumSpecificUtilities() > 0)
                 out << "wrote " << UtilityReport::WriteCsv(doc, o.csvDir)
                     << (partial ? " (partial results)" : "") << '\n';
+            if (doc.NumGenericUtilities() > 0)
+                out << "wrote " << UtilityReport::WriteGenericCsv(doc, o.csvDir)
+                    << (partial ? " (partial results)" : "") << '\n';
         } catch (const std::runtime_error& e) {
             session.Fail(e.what());
             return eExitUsage;

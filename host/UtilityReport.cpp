@@ -3,6 +3,9 @@
 #include "base/CStdioFile.h"
 #include "base/CUnit.h"
 #include "base/SCSVExportData.h"
+#include "export/CUDAExportCSVDisps.h"
+#include "export/CUDAExportCSVPR.h"
+#include "export/CUDAExportCSVStrains.h"
 #include "host/HostText.h"
 #include "host/TableFile.h"
 
@@ -74,6 +77,43 @@ void UtilityReport::Print(const ZorvoData& doc, std::ostream& out) {
             out << '\n';
         }
     }
+    for (int g = 1; g <= doc.NumGenericUtilities(); ++g) {
+        const CGenericUtility& utility = doc.GetGenericUtility(g);
+        out << "Generic Utility " << g << " (" << utility.Name().ToUtf8() << "), "
+            << utility.NumTransects()
+            << (utility.NumTransects() == 1 ? " transect\n" : " transects\n");
+        if (utility.GetCriteria() < 1 || utility.GetCriteria() > doc.NumAcceptanceCriteria()) {
+            out << "  no criteria\n";
+            continue;
+        }
+        const CAcceptanceCriteria& criteria = doc.GetAcceptanceCriteria(utility.GetCriteria());
+        for (int s = 0; s < stages; ++s) {
+            out << "  stage " << s << ": worst of the transects: ";
+            if (!doc.GenericUtilityPulloutAndRotationsExist(s, g) &&
+                !doc.GenericUtilityStrainsExist(s, g)) {
+                out << "no results\n";
+                continue;
+            }
+            if (utility.GetUtilityType() == eJointed)
+                out << "pullout "
+                    << VerdictLabel(
+                           utility.GetPulloutOrRotationCategory(s, ePulloutTotalFactored, criteria))
+                    << ", rotation "
+                    << VerdictLabel(utility.GetPulloutOrRotationCategory(
+                           s, eRotationDegreesFactored, criteria))
+                    << ", ";
+            out << "tension "
+                << VerdictLabel(
+                       utility.GetStrainCategory(s, eTotalTensileStrainFactored, criteria, neglect))
+                << ", compression "
+                << VerdictLabel(utility.GetStrainCategory(s, eTotalCompressiveStrainFactored,
+                                                          criteria, neglect))
+                << ", radius "
+                << VerdictLabel(
+                       utility.GetStrainCategory(s, eRadiusOfCurvatureResult, criteria, neglect))
+                << '\n';
+        }
+    }
 }
 
 std::string UtilityReport::WriteCsv(const ZorvoData& doc, const std::string& dir) {
@@ -81,6 +121,21 @@ std::string UtilityReport::WriteCsv(const ZorvoData& doc, const std::string& dir
     data.numStages = doc.NumStages(true, false);
     return WriteTableFile(dir + "/specific-utilities.csv", [&](CStdioFile& file) {
         doc.WriteCSVUDAResults(file, CUnit(), data);
+    });
+}
+
+std::string UtilityReport::WriteGenericCsv(const ZorvoData& doc, const std::string& dir) {
+    SCSVExportData data;
+    data.numStages = doc.NumStages(true, false);
+    // The columns the user chose last, every one where nothing is remembered.
+    CUDAExportCSVDisps disps;
+    CUDAExportCSVPR pullouts;
+    CUDAExportCSVStrains strains;
+    disps.RestoreFromRegistry();
+    pullouts.RestoreFromRegistry();
+    strains.RestoreFromRegistry();
+    return WriteTableFile(dir + "/generic-utilities.csv", [&](CStdioFile& file) {
+        doc.WriteCSVGenericUDAResults(file, CUnit(), data, disps, pullouts, strains);
     });
 }
 

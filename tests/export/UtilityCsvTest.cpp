@@ -1,6 +1,7 @@
 // The specific utilities' tables: one joint and one strain row worked by hand through
 // every factor, verdict and unit.
 #include "document/ZorvoData.h"
+#include "export/CUDAExportCSVPR.h"
 
 #include <gtest/gtest.h>
 
@@ -131,4 +132,57 @@ TEST(UtilityCsv, SampledMovementsAtTheJoint) {
                         ": Spine,1,3,5,0,10,nan,"),
               std::string::npos)
         << text;
+}
+
+TEST(UtilityCsv, GenericTablesTakeTheChosenColumnsWithTheTransectAfterThePolyline) {
+    // A 20 m route along X sets out transects every 10 m, 10 m long across it, from
+    // y = -5 (to the right of the route) to +5; transect 2, at x = 10, holds one joint 3 m
+    // along it.
+    ZorvoData doc;
+    CPolylinePlus route(L"Route");
+    route.SetPoint(0, {0.0, 0.0, 5.0});
+    route.SetPoint(1, {20.0, 0.0, 5.0});
+    doc.SetPolyline(1, route);
+    CGenericUtility g;
+    g.SetName(L"G");
+    doc.SetGenericUtility(1, g);
+    doc.SetupTransects();
+    ASSERT_EQ(doc.GetGenericUtility(1).NumTransects(), 3);
+    CPulloutAndRotation joint;
+    joint.SetLocation(3.0);
+    joint.SetPullout_Axial_Right(0.002);
+    doc.AccessGenericUtility(1).AccessTransect(2).SetPulloutAndRotationIteration(0, 1, {joint});
+
+    CUDAExportCSVPR columns;
+    // Off: the transect's end points and everything after the joint's place but for the
+    // right pullout.
+    for (auto set : {&CExportTransectInfo::SetEndX, &CExportTransectInfo::SetEndY,
+                     &CExportTransectInfo::SetEndZ}) {
+        CExportTransectInfo info = columns.GetTransectInfo();
+        (info.*set)(false);
+        columns.SetTransectInfo(info);
+    }
+    bool past = false;
+    columns.ForEachColumn([&past](const wchar_t* key, bool& on) {
+        if (past && std::wstring(key) != L"AxialUnfactRight" && std::wstring(key).rfind(L"Transect", 0) != 0)
+            on = false;
+        past = past || std::wstring(key) == L"Z";
+    });
+    auto written = [&doc](const CUDAExportCSVPR& c) {
+        std::ostringstream out;
+        CStdioFile file(out);
+        SCSVExportData data;
+        data.numStages = 1;
+        doc.WriteCSVGenericUDAPulloutsRotations(file, CUnit(), data, c);
+        file.Close();
+        return out.str();
+    };
+    EXPECT_EQ(written(columns),
+              "UDA_GENERIC_RESULT_PULLOUTS_ROTATIONS,Stage,Name,Polyline,Transect,TransectStartX,"
+              "TransectStartY,TransectStartZ,IterationNo,Location,X,Y,Z,AxialUnfactRight\n"
+              "UDA_GENERIC_RESULT_PULLOUTS_ROTATIONS,0,Generic Utility 1 : G,Polyline 1 : "
+              "Route,2,10,-5,5,1,3,10,-2,5,0.002\n");
+    // Nothing at all with every column off.
+    columns.ForEachColumn([](const wchar_t*, bool& on) { on = false; });
+    EXPECT_EQ(written(columns), "");
 }
