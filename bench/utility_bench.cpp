@@ -1,5 +1,9 @@
 // The assessment of one long jointed main: the walk along its rows, each row reading the
 // movement curves some thirty times at and around it.
+#include "BenchProject.h"
+
+#include "base/CLodraZorvoPrefData.h"
+#include "solver/ZorvoSolver.h"
 #include "utilities/CUtilityDamageAssessment.h"
 
 #include <benchmark/benchmark.h>
@@ -60,3 +64,43 @@ void BM_UtilityWalk(benchmark::State& state) {
 
 // Rows a second: a lookup that scans its table makes the walk quadratic in its length.
 BENCHMARK(BM_UtilityWalk)->Arg(1000)->Arg(10000)->Unit(benchmark::kMillisecond);
+
+namespace {
+
+// A generic utility along a 999 m route over the ten tunnels of the site, transects every
+// metre, 101 points each, over three stages and the base model: the movements of 404,404
+// points and the assessment of 4,000 transects.
+void BM_GenericUtilityRun(benchmark::State& state) {
+    using namespace Tevra;
+    Data::ZorvoData project = Bench::MakeTunnelProject(10);
+    Data::CPolylinePlus route(L"Route");
+    route.SetPoint(0, {-250.0, -200.0, Bench::kGroundLevel});
+    route.SetPoint(1, {250.0, 200.0, Bench::kGroundLevel});
+    route.SetPoint(2, {250.0 + 999.0 - std::hypot(500.0, 400.0), 200.0, Bench::kGroundLevel});
+    project.SetPolyline(1, route);
+    Data::CGenericUtility g;
+    g.SetPolyline(1);
+    g.SetInterval(1.0);
+    g.SetLength(50.0);
+    g.SetDispPoints(101);
+    project.SetGenericUtility(1, g);
+    for (int s = 1; s <= 3; ++s) {
+        Data::CStage stage;
+        CBasicList tunnels;
+        tunnels.SetString(CString::Formatted(L"1-%d", s * 3));
+        stage.SetTunnels(tunnels);
+        project.SetStage(s, stage);
+    }
+    Data::CLodraZorvoPrefData prefs;
+    for (auto _ : state) {
+        Data::ZorvoData doc = project;
+        ZorvoSolver solver(&doc, &prefs, nullptr, {});
+        solver.Solve();
+        benchmark::DoNotOptimize(doc.NumGenericUtilityStrains(-1, 1));
+    }
+    state.counters["transects"] = project.NumGenericUtilityTransects(1);
+}
+
+} // namespace
+
+BENCHMARK(BM_GenericUtilityRun)->Unit(benchmark::kMillisecond)->Iterations(1);

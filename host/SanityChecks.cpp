@@ -868,6 +868,11 @@ std::vector<SanityChecks::SFinding> SanityChecks::Inputs(const ZorvoData& doc) {
         // the library's checks, and the run would set out nothing.
         f.Finite("the transect interval", u.GetInterval(), "the chainage between transects in metres");
         f.Finite("the transect length", u.GetLength(), "the length of a transect in metres");
+        // One point passes the library's checks, yet a transect of one point has no
+        // interval: it takes movements and is never assessed.
+        if (u.GetDispPoints() == 1)
+            f.Error("its transects have 1 displacement point, so none can be assessed; give at "
+                    "least 2");
     }
     return out;
 }

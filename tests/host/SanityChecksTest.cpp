@@ -508,4 +508,10 @@ TEST(SanityChecks, GenericUtilityTransectsAgainstMemory) {
     EXPECT_EQ(Lines(SanityChecks::Inputs(doc)),
               "E Generic Utility 1 \"Sewer\": the transect interval is NaN; give the chainage "
               "between transects in metres\n");
+    g.SetInterval(10.0);
+    g.SetDispPoints(1);
+    doc.SetGenericUtility(1, g);
+    EXPECT_EQ(Lines(SanityChecks::Inputs(doc)),
+              "E Generic Utility 1 \"Sewer\": its transects have 1 displacement point, so none "
+              "can be assessed; give at least 2\n");
 }
