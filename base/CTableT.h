@@ -103,25 +103,11 @@ template <class T> class CTableT : public NamedEntity {
             return GetValueInOrder(x, quiet);
         T xMin, xMax;
         GetXRange(xMin, xMax);
-        if (x < xMin || x > xMax) {
-            if (quiet)
-                return T{};
-            if (x < xMin)
-                throw Util::CRange<T>(1, xMin);
-            throw Util::CRange<T>(0, xMax);
-        }
-        for (std::size_t k = 1; k < m_rows.size(); ++k) {
-            const T& xa = m_rows[k - 1].first;
-            const T& ya = m_rows[k - 1].second;
-            const T& xb = m_rows[k].first;
-            const T& yb = m_rows[k].second;
-            if (xa <= x && x < xb) {
-                const T d = xb - xa;
-                if (std::fabs(d) < kMinStep)
-                    throw Util::CRange<T>(3, T{});
-                return (yb - ya) * (x - xa) / d + ya;
-            }
-        }
+        if (Outside(x, xMin, xMax, quiet))
+            return T{};
+        for (std::size_t k = 1; k < m_rows.size(); ++k)
+            if (m_rows[k - 1].first <= x && x < m_rows[k].first)
+                return Interpolate(m_rows[k - 1], m_rows[k], x);
         if (!m_rows.empty() && x == m_rows.back().first)
             return m_rows.back().second;
         throw Util::CRange<T>(3, T{});
@@ -139,6 +125,27 @@ template <class T> class CTableT : public NamedEntity {
     }
 
   private:
+    // Whether x lies outside [xMin, xMax]: true when quiet, otherwise the range exception,
+    // code 1 below and 0 above.
+    static bool Outside(const T& x, const T& xMin, const T& xMax, bool quiet) {
+        if (!(x < xMin || x > xMax))
+            return false;
+        if (quiet)
+            return true;
+        if (x < xMin)
+            throw Util::CRange<T>(1, xMin);
+        throw Util::CRange<T>(0, xMax);
+    }
+
+    // The straight line through rows a and b at x; a step narrower than kMinStep has no
+    // slope and throws code 3.
+    static T Interpolate(const std::pair<T, T>& a, const std::pair<T, T>& b, const T& x) {
+        const T d = b.first - a.first;
+        if (std::fabs(d) < kMinStep)
+            throw Util::CRange<T>(3, T{});
+        return (b.second - a.second) * (x - a.first) / d + a.second;
+    }
+
     // Whether row n keeps x in order with its neighbours: never decreasing, no NaN.
     bool InOrderAt(std::size_t n) const {
         const T& x = m_rows[n].first;
@@ -153,26 +160,13 @@ template <class T> class CTableT : public NamedEntity {
     // order with xa <= x < xb is the pair ending at the first row beyond x, so the value,
     // and every exception, is the scan's to the bit.
     T GetValueInOrder(const T& x, bool quiet) const {
-        const T& xMin = m_rows.front().first;
-        const T& xMax = m_rows.back().first;
-        if (x < xMin || x > xMax) {
-            if (quiet)
-                return T{};
-            if (x < xMin)
-                throw Util::CRange<T>(1, xMin);
-            throw Util::CRange<T>(0, xMax);
-        }
+        if (Outside(x, m_rows.front().first, m_rows.back().first, quiet))
+            return T{};
         const auto beyond = std::upper_bound(
             m_rows.begin(), m_rows.end(), x,
             [](const T& v, const std::pair<T, T>& row) { return v < row.first; });
-        if (beyond != m_rows.begin() && beyond != m_rows.end()) {
-            const std::pair<T, T>& a = *(beyond - 1);
-            const std::pair<T, T>& b = *beyond;
-            const T d = b.first - a.first;
-            if (std::fabs(d) < kMinStep)
-                throw Util::CRange<T>(3, T{});
-            return (b.second - a.second) * (x - a.first) / d + a.second;
-        }
+        if (beyond != m_rows.begin() && beyond != m_rows.end())
+            return Interpolate(*(beyond - 1), *beyond, x);
         if (x == m_rows.back().first)
             return m_rows.back().second;
         throw Util::CRange<T>(3, T{});

@@ -131,4 +131,26 @@ bool CAcceptanceCriteria::operator==(const CAcceptanceCriteria& o) const {
            m_readVersion == o.m_readVersion;
 }
 
+std::vector<const wchar_t*> CAcceptanceCriteria::NegativeFactorWords() const {
+    const struct {
+        bool negative;
+        const wchar_t* words;
+    } factors[] = {
+        {m_tensionUsed && m_tension < 0.0, L"allowable strain in tension"},
+        {m_compressionUsed && m_compression < 0.0, L"allowable strain in compression"},
+        {m_pulloutRFAxial < 0.0, L"axial pullout factor"},
+        {m_pulloutRFFlexural < 0.0, L"flexural pullout factor"},
+        {m_rotationFactor < 0.0, L"rotation factor"},
+        {m_axialStrainRFTension < 0.0, L"factor for axial strain in tension"},
+        {m_axialStrainRFCompression < 0.0, L"factor for axial strain in compression"},
+        {m_bendingFactorTension < 0.0, L"factor for flexural strain in tension"},
+        {m_bendingFactorCompression < 0.0, L"factor for flexural strain in compression"},
+    };
+    std::vector<const wchar_t*> words;
+    for (const auto& f : factors)
+        if (f.negative)
+            words.push_back(f.words);
+    return words;
+}
+
 } // namespace Tevra::Data

@@ -5,6 +5,7 @@
 #include "utilities/UtilityGlobal.h"
 
 #include <memory>
+#include <vector>
 
 namespace Tevra::FileIO {
 class CDataFile;
@@ -115,6 +116,11 @@ class CAcceptanceCriteria : public NamedEntity {
     bool IsLimitUsed(UtilityGlobal::ECriteriaType type) const;
     double GetThresholdValue(UtilityGlobal::ECriteriaType type) const;
     bool IsThresholdUsed(UtilityGlobal::ECriteriaType type) const;
+
+    // The words naming each factor or used allowable strain below 0, in the order the
+    // checks report them: "allowable strain in tension", "allowable strain in
+    // compression", then the pullout, rotation, axial strain and bending factors.
+    std::vector<const wchar_t*> NegativeFactorWords() const;
 
     bool operator==(const CAcceptanceCriteria& o) const;
     bool operator!=(const CAcceptanceCriteria& o) const { return !(*this == o); }

@@ -79,25 +79,8 @@ bool ZorvoData::ValidGenericUtility(int g, bool report, std::vector<CString>& me
         if (fault(194, object, g, criteria))
             return false;
     } else {
-        const CAcceptanceCriteria& c = GetAcceptanceCriteria(criteria);
-        const struct {
-            bool negative;
-            const wchar_t* words;
-        } factors[] = {
-            {c.IsAllowableStrain_Tension_Used() && c.GetAllowableStrain_Tension() < 0.0,
-             L"allowable strain in tension"},
-            {c.IsAllowableStrain_Compression_Used() && c.GetAllowableStrain_Compression() < 0.0,
-             L"allowable strain in compression"},
-            {c.GetPulloutRF_Axial() < 0.0, L"axial pullout factor"},
-            {c.GetPulloutRF_Flexural() < 0.0, L"flexural pullout factor"},
-            {c.GetRotationFactor() < 0.0, L"rotation factor"},
-            {c.GetAxialStrainRF_Tension() < 0.0, L"factor for axial strain in tension"},
-            {c.GetAxialStrainRF_Compression() < 0.0, L"factor for axial strain in compression"},
-            {c.GetBendingFactorTension() < 0.0, L"factor for flexural strain in tension"},
-            {c.GetBendingFactorCompression() < 0.0, L"factor for flexural strain in compression"},
-        };
-        for (const auto& f : factors)
-            if (f.negative && fault(12, object, g, criteria, f.words))
+        for (const wchar_t* words : GetAcceptanceCriteria(criteria).NegativeFactorWords())
+            if (fault(12, object, g, criteria, words))
                 return false;
     }
     return valid;

@@ -106,12 +106,13 @@ bool ZorvoData::ValidSpecificUtility(int u, bool report, std::vector<CString>& m
     } else {
         placed = true;
         if (onPolyline && report) {
-            // Reported only: this one fault does not end a silent test.
+            // Reported only: this one fault does not end a silent test. It names the
+            // polyline's own number, not the displacement polyline's.
             const int p = GetDisplacementPolyline(index).GetPolyline();
             if (!PolylineExists(p) || GetPolyline(p).NumPoint() < 2)
                 messages.push_back(CString::Formatted(
                     L"Specific Utility %i refers to Polyline %i which has fewer than 2 points.", u,
-                    index));
+                    p));
         }
     }
 
@@ -150,25 +151,8 @@ bool ZorvoData::ValidSpecificUtility(int u, bool report, std::vector<CString>& m
         if (fault(194, L"Utility", u, criteria))
             return false;
     } else {
-        const CAcceptanceCriteria& c = GetAcceptanceCriteria(criteria);
-        const struct {
-            bool negative;
-            const wchar_t* words;
-        } factors[] = {
-            {c.IsAllowableStrain_Tension_Used() && c.GetAllowableStrain_Tension() < 0.0,
-             L"allowable strain in tension"},
-            {c.IsAllowableStrain_Compression_Used() && c.GetAllowableStrain_Compression() < 0.0,
-             L"allowable strain in compression"},
-            {c.GetPulloutRF_Axial() < 0.0, L"axial pullout factor"},
-            {c.GetPulloutRF_Flexural() < 0.0, L"flexural pullout factor"},
-            {c.GetRotationFactor() < 0.0, L"rotation factor"},
-            {c.GetAxialStrainRF_Tension() < 0.0, L"factor for axial strain in tension"},
-            {c.GetAxialStrainRF_Compression() < 0.0, L"factor for axial strain in compression"},
-            {c.GetBendingFactorTension() < 0.0, L"factor for flexural strain in tension"},
-            {c.GetBendingFactorCompression() < 0.0, L"factor for flexural strain in compression"},
-        };
-        for (const auto& f : factors)
-            if (f.negative && fault(12, object, u, criteria, f.words))
+        for (const wchar_t* words : GetAcceptanceCriteria(criteria).NegativeFactorWords())
+            if (fault(12, object, u, criteria, words))
                 return false;
     }
     return valid;

@@ -27,7 +27,7 @@ std::vector<std::string> Expected(const std::string& key) {
 
 // Line 1 runs level at z = 95 from (0, 0) to (30, 0) in 10 intervals: points every 3 m.
 // Line 2 is the same, not calculated. Displacement polyline 1 follows shape 1, (0, 0) to
-// (10, 0) to (10, 10), 20 m long; displacement polyline 2 follows shape 2, one point.
+// (10, 0) to (10, 10), 20 m long; displacement polyline 2 follows shape 3, one point.
 // Criteria 21, after the 20 of the standard library, is a user's record.
 ZorvoData Site() {
     ZorvoData doc;
@@ -47,11 +47,12 @@ ZorvoData Site() {
     CPolylinePlus dot;
     dot.SetNumPoint(1);
     dot.SetPoint(0, {0.0, 0.0, 95.0});
-    doc.SetPolyline(2, dot);
+    doc.SetPolyline(2, bent);
+    doc.SetPolyline(3, dot);
     CDisplacementPolyline dp;
     dp.SetPolyline(1);
     doc.SetDisplacementPolyline(1, dp);
-    dp.SetPolyline(2);
+    dp.SetPolyline(3);
     doc.SetDisplacementPolyline(2, dp);
     doc.SetAcceptanceCriteria(21, CAcceptanceCriteria(true));
     return doc;
