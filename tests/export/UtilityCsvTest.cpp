@@ -1,12 +1,16 @@
-// The specific utilities' tables: one joint and one strain row worked by hand through
-// every factor, verdict and unit.
+// The utilities' tables: one joint and one strain row worked by hand through every
+// factor, verdict and unit, and the generic tables' choice of columns.
 #include "document/ZorvoData.h"
+#include "export/CUDAExportCSVDisps.h"
 #include "export/CUDAExportCSVPR.h"
+#include "export/CUDAExportCSVStrains.h"
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <sstream>
 #include <string>
+#include <vector>
 
 using namespace Tevra;
 using namespace Tevra::Data;
@@ -185,4 +189,37 @@ TEST(UtilityCsv, GenericTablesTakeTheChosenColumnsWithTheTransectAfterThePolylin
     // Nothing at all with every column off.
     columns.ForEachColumn([](const wchar_t*, bool& on) { on = false; });
     EXPECT_EQ(written(columns), "");
+}
+
+// Every column a user can choose names a column of the table, and the table has no other:
+// with all on, the row of column names holds each key of the column class once.
+TEST(UtilityCsv, GenericTablesWriteEveryChoosableColumn) {
+    ZorvoData doc;
+    const SCSVExportData data{-1, 1};
+    auto header = [&](auto write, const auto& columns) {
+        std::ostringstream out;
+        CStdioFile file(out);
+        (doc.*write)(file, CUnit(), data, columns);
+        file.Close();
+        std::vector<std::string> cells;
+        std::istringstream row(out.str().substr(0, out.str().find('\n')));
+        for (std::string cell; std::getline(row, cell, ',');)
+            cells.push_back(cell);
+        cells.erase(cells.begin(), cells.begin() + 2); // token and "Stage"
+        std::sort(cells.begin(), cells.end());
+        return cells;
+    };
+    auto keys = [](const auto& columns) {
+        std::vector<std::string> k;
+        columns.ForEachColumn(
+            [&k](const wchar_t* key, bool) { k.push_back(CString(key).ToUtf8()); });
+        std::sort(k.begin(), k.end());
+        return k;
+    };
+    EXPECT_EQ(header(&ZorvoData::WriteCSVGenericUDAPulloutsRotations, CUDAExportCSVPR()),
+              keys(CUDAExportCSVPR()));
+    EXPECT_EQ(header(&ZorvoData::WriteCSVGenericUDAStrains, CUDAExportCSVStrains()),
+              keys(CUDAExportCSVStrains()));
+    EXPECT_EQ(header(&ZorvoData::WriteCSVGenericUDACoodsDisps, CUDAExportCSVDisps()),
+              keys(CUDAExportCSVDisps()));
 }

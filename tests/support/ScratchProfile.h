@@ -9,7 +9,6 @@
 
 #include <cstdlib>
 #include <fstream>
-#include <optional>
 #include <string>
 #include <vector>
 
@@ -18,21 +17,22 @@ namespace Tevra::Testing {
 class ScratchProfile {
   public:
     ScratchProfile() : m_path(m_dir.path + "/settings.json") {
-        for (auto& [name, value] : m_saved) {
-            const char* v = std::getenv(name);
-            value = v ? std::optional<std::string>(v) : std::nullopt;
-        }
+        for (SSaved& saved : m_saved)
+            if (const char* v = std::getenv(saved.name)) {
+                saved.present = true;
+                saved.value = v;
+            }
         setenv("ZORVO_PROFILE", m_path.c_str(), 1);
         CProfileStore::SetWarningHandler(
             [this](const CString& message) { m_warnings.push_back(message.ToUtf8()); });
     }
     ~ScratchProfile() {
         CProfileStore::SetWarningHandler({});
-        for (const auto& [name, value] : m_saved) {
-            if (value)
-                setenv(name, value->c_str(), 1);
+        for (const SSaved& saved : m_saved) {
+            if (saved.present)
+                setenv(saved.name, saved.value.c_str(), 1);
             else
-                unsetenv(name);
+                unsetenv(saved.name);
         }
     }
     ScratchProfile(const ScratchProfile&) = delete;
@@ -54,8 +54,15 @@ class ScratchProfile {
     TempDir m_dir;
     std::string m_path;
     std::vector<std::string> m_warnings;
-    std::pair<const char*, std::optional<std::string>> m_saved[3] = {
-        {"ZORVO_PROFILE", {}}, {"XDG_CONFIG_HOME", {}}, {"HOME", {}}};
+    // The variables the store reads, as they were before.
+    struct SSaved {
+        const char* name;
+        bool present;
+        std::string value;
+    };
+    SSaved m_saved[3] = {{"ZORVO_PROFILE", false, {}},
+                         {"XDG_CONFIG_HOME", false, {}},
+                         {"HOME", false, {}}};
 };
 
 } // namespace Tevra::Testing
