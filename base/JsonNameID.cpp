@@ -470,6 +470,32 @@ const char* JsonName(int id) {
         return "transect";
     case jnPolylineIntersection:
         return "polylineIntersection";
+    case jnBuildingTransect:
+        return "buildingTransect";
+    case jnGenericBuilding:
+        return "genericBuilding";
+    case jnLOverHSegments:
+        return "lOverHSegments";
+    case jnLOverHSegmentList:
+        return "lOverHSegmentList";
+    case jnCombinedLOverHOffset:
+        return "combinedLOverHOffset";
+    case jnLOverHOffset:
+        return "lOverHOffset";
+    case jnTransectIntersection:
+        return "transectIntersection";
+    case jnIntersectionX:
+        return "x";
+    case jnIntersectionY:
+        return "y";
+    case jnIntersectionZ:
+        return "z";
+    case jnLOverHRatios:
+        return "lOverHRatios";
+    case jnCombinedStageResults:
+        return "combinedStageResults";
+    case jnMovementStages:
+        return "movementStages";
     }
     return nullptr;
 }

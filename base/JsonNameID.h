@@ -77,6 +77,16 @@ enum EJsonNameID : int {
     jnVerticalMovements = 1791,
     jnCurvatures = 1837,
     jnVerticalOffsets = 1840,
+    jnBuildingTransect = 100,
+    jnGenericBuilding = 398,
+    jnLOverHSegments = 923,
+    jnLOverHSegmentList = 925,
+    jnCombinedLOverHOffset = 1318,
+    jnLOverHOffset = 1319,
+    jnTransectIntersection = 1400,
+    jnIntersectionX = 1823,
+    jnIntersectionY = 1827,
+    jnIntersectionZ = 1831,
 
     // Utility records.
     jnAcceptanceCriteria = 8,
@@ -248,6 +258,9 @@ enum EJsonNameID : int {
     jnMajorPrincipalStrain,
     jnMinorPrincipalStrain,
     jnPrincipalStrainAngle,
+    jnLOverHRatios,
+    jnCombinedStageResults,
+    jnMovementStages,
 };
 
 // The member name of a storage name; null for a number that has none.

@@ -129,6 +129,8 @@ void ZorvoData::DeleteResults() {
     DeleteBuildingMovementResults(-1);
     DeleteSpecificPulloutAndRotations(-1);
     DeleteSpecificUtilityMovementResults(-1);
+    DeleteGenericBDResults(-1, true);
+    DeleteGenericBDResults(-1, false);
     DeleteGenericUDResults(-1);
     DeleteGenericUtilityMovementResults(-1);
 }
@@ -146,6 +148,10 @@ bool ZorvoData::ResultsExist(int stage) const {
     if (SpecificUtilityPulloutAndRotationsExist(stage, -1))
         return true;
     if (SpecificUtilityStrainsExist(stage, -1))
+        return true;
+    if (GenericBuildingDamageResultsExist(stage, -1, false))
+        return true;
+    if (GenericBuildingDamageResultsExist(stage, -1, true))
         return true;
     if (GenericUtilityResultsExist(stage, -1))
         return true;
@@ -184,6 +190,8 @@ int ZorvoData::NumRecord(int module) const {
         return NumAcceptanceCriteria();
     case eModuleSpecificUtilities:
         return NumSpecificUtilities();
+    case eModuleGenericBuildings:
+        return NumGenericBuildings();
     case eModuleGenericUtilities:
         return NumGenericUtilities();
     case eModuleStages:
@@ -241,8 +249,8 @@ void ZorvoData::ResizeResultsAndSetupTransects() {
                 : GetDisplacementLine(utility.GetDisplacementLine()).NumDisplacementLocations(true);
         AccessSpecificUtility(u).ResizeHorizontalMovementResults(buildingStages, points);
     }
-    // Generic utilities, with no test of their validity: the checks keep a utility that
-    // cannot be set out from the run.
+    // Generic buildings that can be assessed, then generic utilities with no test of
+    // their validity: the checks keep a utility that cannot be set out from the run.
     SetupTransects();
 }
 
@@ -534,6 +542,7 @@ bool ZorvoData::operator==(const ZorvoData& o) const {
            m_gmCurves[1] == o.m_gmCurves[1] && m_cornerOptions == o.m_cornerOptions &&
            m_damageCategoryStrains == o.m_damageCategoryStrains &&
            m_specificBuildings == o.m_specificBuildings &&
+           m_genericBuildings == o.m_genericBuildings &&
            m_utilityDimensions == o.m_utilityDimensions &&
            m_acceptanceCriteria == o.m_acceptanceCriteria &&
            m_specificUtilities == o.m_specificUtilities &&

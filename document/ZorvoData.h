@@ -22,6 +22,7 @@
 #include "sources/GeoMine.h"
 #include "sources/GeoTunnel.h"
 #include "utilities/CAcceptanceCriteria.h"
+#include "buildings/CGenericBuilding.h"
 #include "utilities/CGenericUtility.h"
 #include "utilities/CSpecificUtility.h"
 #include "utilities/CUtilityCalculationOptions.h"
@@ -152,6 +153,36 @@ class ZorvoData : public LodraZorvoData {
     }
     // Length (characters) of the longest sub-building name; 0 without buildings.
     int GetMaxSubBuildingNameLength() const;
+
+    // Buildings that could stand anywhere along a polyline, assessed on transects across it.
+    ZORVO_NUMBERED_FAMILY(GenericBuilding, GenericBuildings, CGenericBuilding, m_genericBuildings)
+    // Rebuilds the transects of generic building b (1-based): one at every interval of
+    // chainage along its polyline from 0 that the polyline holds, each a row of DispPoints
+    // points, Length long, at right angles to the polyline in plan, the first point half a
+    // length to one side. Every result set of the document gets the points, and every
+    // vertical offset of the properties a copy raised by the offset. A polyline that is
+    // missing or has one point, an interval that gives no count (0, not a number) and a
+    // count whose samples would not fit in this machine's memory build no transects.
+    void PopulateGenericBuildingTransectsAndTheirPoints(int b);
+    // floor(length / interval) + 1 over the building's polyline (its length in space),
+    // summed over every building for -1; 0 for a building whose polyline holds none. This
+    // can be one fewer than the chainages that Populate tries; loops over built transects
+    // use the building's NumTransects.
+    int NumGenericBuildingTransects(int b) const;
+    // End points (metres) of transect t (1-based) of building b without building it; false,
+    // with the outputs untouched, when b, its polyline or t does not exist. t runs to
+    // ceil(length / interval) + 1, and that last one stands on the polyline's last vertex.
+    bool GetGenericBuildingTransectStartAndEnd(int b, int t, Vec3<double>& start,
+                                               Vec3<double>& end) const;
+    // Whether generic building b (1-based) can be assessed: its polyline exists with two
+    // points; interval and length at least 0.001 and disp points above 0; every L/H above
+    // 0; the sensitivity at least 0; at least one vertical offset and one L/H.
+    bool ValidGenericBuilding(int b) const;
+    // Any segment of a matching building (-1: all) at a matching stage (-1: all).
+    bool GenericBuildingDamageResultsExist(int stage, int b, bool combined) const;
+    int NumGenericBuildingResults(int stage, int b, bool combined) const;
+    // Empties the segment lists of every generic building at the stage (-1: all).
+    void DeleteGenericBDResults(int stage, bool combined);
 
     // Profiles along a building (1-based) from the samples of its line at a stage: settlement
     // at an offset (0-based), and horizontal movement along the line, against the distance
@@ -340,7 +371,8 @@ class ZorvoData : public LodraZorvoData {
     bool ValidSpecificUtilities() const;
 
     // ---- Generic utilities and their transects ----------------------------------------
-    // Sets out the transects of every generic utility afresh (their results go with them).
+    // Sets out afresh the transects of every generic building that can be assessed, then
+    // of every generic utility (their results go with them).
     void SetupTransects();
     // Rebuilds the transects of generic utility g (1-based): one at every interval of
     // chainage along its polyline from 0, each a row of DispPoints points, Length long,
@@ -634,6 +666,7 @@ class ZorvoData : public LodraZorvoData {
     CNumberedList<CDamageCategoryStrains> m_damageCategoryStrains;
     CNumberedList<CGMCurve> m_gmCurves[2];
     CNumberedList<CSpecificBuilding> m_specificBuildings;
+    CNumberedList<CGenericBuilding> m_genericBuildings;
     CNumberedList<CUtilityDimension> m_utilityDimensions;
     CNumberedList<CAcceptanceCriteria> m_acceptanceCriteria;
     CNumberedList<CSpecificUtility> m_specificUtilities;

@@ -2,6 +2,7 @@
 // along a transect, the profiles of peak movement along the polyline, and the questions and
 // clearing of their results.
 #include "ZorvoData.h"
+#include "TransectDirection.h"
 
 #include "base/CDirCos.h"
 #include "base/CLine3.h"
@@ -15,9 +16,6 @@ namespace Tevra::Data {
 namespace {
 
 using Util::CDirCos;
-
-// A transect point within this distance (metres) of a vertex in x, y and z is on it.
-constexpr double kOnVertex = 0.001;
 
 // The polyline of generic utility g, or null when it does not exist.
 const CPolylinePlus* UtilityPolyline(const ZorvoData& doc, const CGenericUtility& g) {
@@ -40,34 +38,6 @@ double TransectCount(const CPolylinePlus& polyline, double interval) {
 // T / 0; the one point's offset is taken as 0 rather than 0 x infinity.
 double Offset(int k, double spacing) { return k == 0 ? 0.0 : k * spacing; }
 
-// The direction across a polyline at point p, placed at chainage by PointAt on the segment
-// that begins at vertex V (0-based), of length 1 in plan, or zero on a segment of no
-// length. A point on a vertex takes the segment before it, and at the first vertex the
-// segment after it, turned round so that the first point of every transect is on the
-// same side of the polyline.
-Vec3<double> AcrossDirection(const CPolylinePlus& polyline, const Vec3<double>& p, int V) {
-    const Vec3<double>& onV = polyline.Point(V);
-    bool flipped = false;
-    if (std::fabs(p.x - onV.x) < kOnVertex && std::fabs(p.y - onV.y) < kOnVertex &&
-        std::fabs(p.z - onV.z) < kOnVertex) {
-        if (V == 0) {
-            V = 1;
-            flipped = true;
-        } else {
-            V = V - 1;
-        }
-    }
-    const Vec3<double> v = CLine3(p, polyline.Point(V)).Vector();
-    Vec3<double> n(-v.y, v.x, 0.0);
-    const double len = n.Length();
-    n = len < CLine3::kMinLength ? Vec3<double>(0.0, 0.0, 0.0) : n * (1.0 / len);
-    if (flipped) {
-        n.x = -n.x;
-        n.y = -n.y;
-    }
-    return n;
-}
-
 // Where a transect at a chainage (metres) crosses the polyline, and its direction across;
 // false for a chainage that PointAt cannot place.
 bool Crossing(const CPolylinePlus& polyline, double chainage, Vec3<double>& point,
@@ -75,7 +45,7 @@ bool Crossing(const CPolylinePlus& polyline, double chainage, Vec3<double>& poin
     const int V = polyline.PointAt(chainage, point);
     if (V == -1)
         return false;
-    across = AcrossDirection(polyline, point, V);
+    across = TransectAcrossDirection(polyline, point, V);
     return true;
 }
 
@@ -153,6 +123,9 @@ Vec2<double> FirstPeak(const CTableD& table) {
 } // namespace
 
 void ZorvoData::SetupTransects() {
+    for (int b = 1; b <= NumGenericBuildings(); ++b)
+        if (ValidGenericBuilding(b))
+            PopulateGenericBuildingTransectsAndTheirPoints(b);
     for (int g = 1; g <= NumGenericUtilities(); ++g)
         PopulateGenericUtilityTransectsAndTheirPoints(g);
 }
@@ -254,7 +227,7 @@ bool ZorvoData::GetGenericUtilityTransectStartAndEnd(int g, int t, Vec3<double>&
         V = polyline->NumPoint() - 1;
         point = polyline->Point(V);
     }
-    const Vec3<double> n = AcrossDirection(*polyline, point, V);
+    const Vec3<double> n = TransectAcrossDirection(*polyline, point, V);
     const double T = utility.GetLength();
     const int P = utility.GetDispPoints();
     const double spacing = T / (P - 1);

@@ -435,6 +435,15 @@ ZorvoDataHelpers::ZorvoDataHelpers(ZorvoData& doc) {
              r.Read(f, g);
              d.SetPolyline(d.NumPolylines() + 1, r);
          }});
+    // ZorvoDataGenericBuildings: after the polylines they follow.
+    add({202200, L"Generic Buildings", CGenericBuilding::GetVersion(),
+         [](const ZorvoData& d) { return d.NumGenericBuildings(); },
+         [](const ZorvoData& d, CDataFile& f, int n) { d.GetGenericBuilding(n).Write(f); },
+         [](ZorvoData& d, CDataFile& f, int g) {
+             CGenericBuilding r;
+             r.Read(f, g);
+             d.SetGenericBuilding(d.NumGenericBuildings() + 1, r);
+         }});
     // ZorvoDataGenericUtilities: after the polylines they follow.
     add({202210, L"Generic Utilities", CGenericUtility::GetVersion(),
          [](const ZorvoData& d) { return d.NumGenericUtilities(); },

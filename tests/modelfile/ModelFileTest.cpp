@@ -334,6 +334,7 @@ TEST(ModelFile, HelpersStandInTheFileOrderWithTheirKeys) {
         {202290, L"ReEntrantCornerOptions"},
         {202180, L"Specific Utilities"},
         {202220, L"Polylines"},
+        {202200, L"Generic Buildings"},
         {202210, L"Generic Utilities"},
         {202240, L"Stages"},
         {202250, L"Stage Properties"},
